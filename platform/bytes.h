@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <memory>
+#include <optional>
+#include <span>
+
+namespace tessarine {
+
+// Memory whose size a picture or a file decides, so that it may be refused without ending the
+// program. Owned by one holder; freed with it.
+class MemoryBlock {
+ public:
+  // `size` zeroed bytes, or nothing when the system does not give them.
+  static std::optional<MemoryBlock> allocate(std::size_t size) noexcept;
+
+  std::span<std::uint8_t> bytes() noexcept { return {memory_.get(), size_}; }
+  std::span<const std::uint8_t> bytes() const noexcept { return {memory_.get(), size_}; }
+
+ private:
+  struct Free {
+    void operator()(std::uint8_t* memory) const noexcept { std::free(memory); }
+  };
+  MemoryBlock(std::uint8_t* memory, std::size_t size) : memory_(memory), size_(size) {}
+
+  std::unique_ptr<std::uint8_t[], Free> memory_;
+  std::size_t size_;
+};
+
+// Bytes that never change and are shared: a copy refers to the same memory and keeps it alive.
+class ByteBuffer {
+ public:
+  explicit ByteBuffer(MemoryBlock block);
+  // A view that keeps `owner`, which must hold the bytes, alive.
+  ByteBuffer(std::span<const std::uint8_t> bytes, std::shared_ptr<const void> owner)
+      : owner_(std::move(owner)), bytes_(bytes) {}
+
+  // Nothing when memory does not suffice for the copy.
+  static std::optional<ByteBuffer> copyOf(std::span<const std::uint8_t> bytes);
+
+  std::span<const std::uint8_t> bytes() const noexcept { return bytes_; }
+  // `count` bytes from `offset` on, which must lie inside; shares the memory.
+  ByteBuffer slice(std::size_t offset, std::size_t count) const {
+    return {bytes_.subspan(offset, count), owner_};
+  }
+
+ private:
+  std::shared_ptr<const void> owner_;
+  std::span<const std::uint8_t> bytes_;
+};
+
+}  // namespace tessarine

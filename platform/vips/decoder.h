@@ -1,0 +1,24 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/bytes.h"
+#include "platform/picture.h"
+
+namespace tessarine {
+
+// A picture, or the reason why there is none: one line without a full stop, such as "Is a
+// directory" or "not a picture that can be read".
+struct Decoded {
+  std::optional<Picture> picture;
+  std::string refusal;
+};
+
+// The picture in encoded bytes of any readable kind; its bitmap may be a view of `bytes`.
+Decoded decodePicture(const ByteBuffer& bytes);
+
+// Only a regular file is opened; `path` is in the file system's own encoding.
+Decoded decodePictureFile(const std::string& path);
+
+}  // namespace tessarine

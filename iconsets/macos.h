@@ -11,28 +11,33 @@
 namespace tessarine {
 
 // Largest first, each 1x before its 2x.
-inline constexpr std::array macOSIconSizes{
-    IconSize{"Icon-512", {512, 512}}, IconSize{"Icon-512@2x", {1024, 1024}},
-    IconSize{"Icon-256", {256, 256}}, IconSize{"Icon-256@2x", {512, 512}},
-    IconSize{"Icon-128", {128, 128}}, IconSize{"Icon-128@2x", {256, 256}},
-    IconSize{"Icon-32", {32, 32}},    IconSize{"Icon-32@2x", {64, 64}},
-    IconSize{"Icon-16", {16, 16}},    IconSize{"Icon-16@2x", {32, 32}},
-};
+inline constexpr std::array<IconSize, 10> macOSIconSizes{{
+    {"Icon-512", {512, 512}},
+    {"Icon-512@2x", {1024, 1024}},
+    {"Icon-256", {256, 256}},
+    {"Icon-256@2x", {512, 512}},
+    {"Icon-128", {128, 128}},
+    {"Icon-128@2x", {256, 256}},
+    {"Icon-32", {32, 32}},
+    {"Icon-32@2x", {64, 64}},
+    {"Icon-16", {16, 16}},
+    {"Icon-16@2x", {32, 32}},
+}};
 inline constexpr auto macOSIconNames = namesOf(macOSIconSizes);
 
 // Smallest first.
-inline constexpr std::array macOSCatalogue{
-    CatalogueEntry{.filename = "Icon-16.png", .idiom = "mac", .scale = "1x", .size = "16x16"},
-    CatalogueEntry{.filename = "Icon-16@2x.png", .idiom = "mac", .scale = "2x", .size = "16x16"},
-    CatalogueEntry{.filename = "Icon-32.png", .idiom = "mac", .scale = "1x", .size = "32x32"},
-    CatalogueEntry{.filename = "Icon-32@2x.png", .idiom = "mac", .scale = "2x", .size = "32x32"},
-    CatalogueEntry{.filename = "Icon-128.png", .idiom = "mac", .scale = "1x", .size = "128x128"},
-    CatalogueEntry{.filename = "Icon-128@2x.png", .idiom = "mac", .scale = "2x", .size = "128x128"},
-    CatalogueEntry{.filename = "Icon-256.png", .idiom = "mac", .scale = "1x", .size = "256x256"},
-    CatalogueEntry{.filename = "Icon-256@2x.png", .idiom = "mac", .scale = "2x", .size = "256x256"},
-    CatalogueEntry{.filename = "Icon-512.png", .idiom = "mac", .scale = "1x", .size = "512x512"},
-    CatalogueEntry{.filename = "Icon-512@2x.png", .idiom = "mac", .scale = "2x", .size = "512x512"},
-};
+inline constexpr std::array<CatalogueEntry, 10> macOSCatalogue{{
+    {.filename = "Icon-16.png", .idiom = "mac", .scale = "1x", .size = "16x16"},
+    {.filename = "Icon-16@2x.png", .idiom = "mac", .scale = "2x", .size = "16x16"},
+    {.filename = "Icon-32.png", .idiom = "mac", .scale = "1x", .size = "32x32"},
+    {.filename = "Icon-32@2x.png", .idiom = "mac", .scale = "2x", .size = "32x32"},
+    {.filename = "Icon-128.png", .idiom = "mac", .scale = "1x", .size = "128x128"},
+    {.filename = "Icon-128@2x.png", .idiom = "mac", .scale = "2x", .size = "128x128"},
+    {.filename = "Icon-256.png", .idiom = "mac", .scale = "1x", .size = "256x256"},
+    {.filename = "Icon-256@2x.png", .idiom = "mac", .scale = "2x", .size = "256x256"},
+    {.filename = "Icon-512.png", .idiom = "mac", .scale = "1x", .size = "512x512"},
+    {.filename = "Icon-512@2x.png", .idiom = "mac", .scale = "2x", .size = "512x512"},
+}};
 inline constexpr std::string_view macOSContentsJSON = catalogueText<macOSCatalogue>;
 
 inline constexpr IconSet macOSIconSet{macOSIconNames, macOSIconSizes, macOSContentsJSON};

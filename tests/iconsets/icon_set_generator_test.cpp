@@ -1,0 +1,180 @@
+#include "iconsets/icon_set_generator.h"
+
+#include <gmock/gmock.h>
+
+#include "iconsets/apple_watch.h"
+#include "iconsets/ios.h"
+#include "iconsets/macos.h"
+#include "iconsets/windows10.h"
+#include "tests/support/recording_platform.h"
+
+namespace tessarine {
+namespace {
+
+using ::testing::Contains;
+using ::testing::Each;
+using ::testing::ElementsAreArray;
+using ::testing::StartsWith;
+using ::testing::StrEq;
+
+struct SetCase {
+  const char* name;
+  const IconSet& set;
+};
+
+std::string sizeText(const IconSet& set, std::string_view name) {
+  const PixelSize size = sizeOf(set, name).value();
+  return std::to_string(size.width) + "x" + std::to_string(size.height);
+}
+
+class EverySet : public ::testing::TestWithParam<SetCase> {
+ protected:
+  EverySet() {
+    iconInfo.imageData = testing::bytesOf("held");
+    host.pictures.decoded = testing::plainPicture({100, 50});
+  }
+
+  // What a run calls, in order, when it writes below `folder`.
+  testing::Journal expectedJournal(const std::string& folder, bool writesFail) const {
+    testing::Journal journal{"ask"};
+    const auto write = [&](const std::string& line, const std::string& path) {
+      journal.push_back(line);
+      if (writesFail) journal.push_back("print error saving: " + path + ": refused");
+    };
+    for (const std::string_view name : set.names) {
+      journal.push_back("decode");
+      const std::string path = folder + "/" + std::string(name) + ".png";
+      write("write " + path + " " + sizeText(set, name), path);
+    }
+    const std::string catalogue = folder + "/Contents.json";
+    if (set.contentsJSON) write("replace " + catalogue, catalogue);
+    journal.push_back("reveal '" + folder + "'");
+    return journal;
+  }
+
+  const IconSet& set = GetParam().set;
+  testing::RecordingPlatform host;
+  IconInfo iconInfo;
+};
+
+TEST_P(EverySet, AsksThenDecodesScalesAndWritesEachNameThenTheCatalogueThenReveals) {
+  generateIconSet(host.platform, iconInfo, set);
+  EXPECT_THAT(host.journal, ElementsAreArray(expectedJournal("/picked", false)));
+}
+
+TEST_P(EverySet, WritesExactlyItsFiles) {
+  generateIconSet(host.platform, iconInfo, set);
+  EXPECT_EQ(host.files.written.size(), set.names.size() + (set.contentsJSON ? 1 : 0));
+  if (set.contentsJSON) {
+    EXPECT_EQ(host.files.written.at("/picked/Contents.json"), *set.contentsJSON);
+  }
+}
+
+TEST_P(EverySet, RunsOnAfterACancelledPanel) {
+  host.panel.answer = {PanelResponse::cancelled, "/left/behind"};
+  host.files.allFail = true;
+  generateIconSet(host.platform, iconInfo, set);
+  EXPECT_THAT(host.journal, ElementsAreArray(expectedJournal("", true)));
+}
+
+TEST_P(EverySet, RunsOnAfterOneFailedWrite) {
+  const std::string second = "/picked/" + std::string(set.names[1]) + ".png";
+  host.files.failing = {second};
+  generateIconSet(host.platform, iconInfo, set);
+  EXPECT_EQ(std::ranges::count(host.journal, "print error saving: " + second + ": refused"), 1);
+  EXPECT_EQ(host.files.written.size(), set.names.size() - (set.contentsJSON ? 0 : 1));
+  EXPECT_EQ(host.journal.back(), "reveal '/picked'");
+}
+
+TEST_P(EverySet, ReplacesTheSameFilesInASecondRun) {
+  generateIconSet(host.platform, iconInfo, set);
+  const auto first = host.files.written;
+  host.files.written["/picked/other.txt"] = "kept";
+  generateIconSet(host.platform, iconInfo, set);
+  auto expected = first;
+  expected["/picked/other.txt"] = "kept";
+  EXPECT_EQ(host.files.written, expected);
+}
+
+TEST_P(EverySet, UsesThePictureHeldAtTheMoment) {
+  generateIconSet(host.platform, iconInfo, set);
+  const auto before = host.files.written;
+  host.pictures.decoded = testing::plainPicture({8, 8}, {200, 100, 50, 255});
+  generateIconSet(host.platform, iconInfo, set);
+  EXPECT_NE(host.files.written, before);
+}
+
+TEST_P(EverySet, SkipsSilentlyAPictureThatCannotBeWritten) {
+  host.pictures.decoded = Picture{{10, 10}, std::nullopt};
+  const std::array<std::string_view, 1> names{"unscaled"};
+  generateIconSet(host.platform, iconInfo, {names, {}, set.contentsJSON});
+  EXPECT_FALSE(host.files.written.contains("/picked/unscaled.png"));
+  EXPECT_THAT(host.journal, Each(::testing::Not(StartsWith("print"))));
+}
+
+using EverySetDeathTest = EverySet;
+
+TEST_P(EverySetDeathTest, StopsSilentlyWithoutAPicture) {
+  iconInfo.imageData.reset();
+  EXPECT_EXIT(generateIconSet(host.platform, iconInfo, set), ::testing::KilledBySignal(SIGABRT),
+              StrEq(""));
+}
+
+TEST_P(EverySetDeathTest, StopsSilentlyOnBytesThatDoNotDecode) {
+  host.pictures.decoded.reset();
+  EXPECT_EXIT(generateIconSet(host.platform, iconInfo, set), ::testing::KilledBySignal(SIGABRT),
+              StrEq(""));
+}
+
+INSTANTIATE_TEST_SUITE_P(Sets, EverySet,
+                         ::testing::Values(SetCase{"iOS", iOSIconSet},
+                                           SetCase{"macOS", macOSIconSet},
+                                           SetCase{"AppleWatch", appleWatchIconSet},
+                                           SetCase{"Windows10", windows10IconSet}),
+                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(Sets, EverySetDeathTest,
+                         ::testing::Values(SetCase{"iOS", iOSIconSet},
+                                           SetCase{"Windows10", windows10IconSet}),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST(IconSetGenerator, WritesANameWithoutASizeAtThePicturesOwnSize) {
+  testing::RecordingPlatform host;
+  host.pictures.decoded = testing::plainPicture({31, 17});
+  IconInfo iconInfo;
+  iconInfo.imageData = testing::bytesOf("held");
+  const std::array<std::string_view, 2> names{"sized", "unsized"};
+  const std::array<IconSize, 1> sizes{{{"sized", {5, 6}}}};
+  generateIconSet(host.platform, iconInfo, {names, sizes, std::nullopt});
+  EXPECT_THAT(host.journal, Contains("write /picked/sized.png 5x6"));
+  EXPECT_THAT(host.journal, Contains("write /picked/unsized.png 31x17"));
+}
+
+TEST(IconSetGenerator, AsksTheQuestionBeforeItMissesThePicture) {
+  testing::RecordingPlatform host;
+  const auto run = [&host] {
+    struct Told final : OpenPanel {
+      OpenPanelAnswer runModal(const OpenPanelSettings&) override {
+        std::fputs("asked", stderr);
+        return {};
+      }
+    } told;
+    Platform platform{host.pictures,         host.files,         told, host.platform.workspace,
+                      host.platform.console, host.platform.alert};
+    generateIconSet(platform, IconInfo(), macOSIconSet);
+  };
+  EXPECT_EXIT(run(), ::testing::KilledBySignal(SIGABRT), StrEq("asked"));
+}
+
+TEST(SizeOf, ComparesWholeNamesExactlyAndTakesTheFirstRow) {
+  const std::array<std::string_view, 0> names{};
+  const std::array<IconSize, 3> sizes{{{"Icon", {1, 1}}, {"Icon", {2, 2}}, {"Icon-60", {3, 3}}}};
+  const IconSet set{names, sizes, std::nullopt};
+  EXPECT_EQ(sizeOf(set, "Icon"), (PixelSize{1, 1}));
+  EXPECT_EQ(sizeOf(set, "Icon-60"), (PixelSize{3, 3}));
+  EXPECT_EQ(sizeOf(set, "icon"), std::nullopt);
+  EXPECT_EQ(sizeOf(set, "Icon-6"), std::nullopt);
+  EXPECT_EQ(sizeOf(set, ""), std::nullopt);
+}
+
+}  // namespace
+}  // namespace tessarine

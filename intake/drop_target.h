@@ -15,7 +15,7 @@ namespace tessarine {
 
 // The drop logic of a screen: accepts a dragged picture, holds its bytes, shows it and enables the
 // buttons that start generation. The screens differ by their list of buttons alone.
-class DropTarget {
+class DropTarget final : public DraggingDestination {
  public:
   // `view`, the outlets behind `imageView` and `generationButtons`, and `pictures` must outlive
   // the target. The buttons are disabled and enabled in the order of the list.
@@ -25,11 +25,11 @@ class DropTarget {
   // Once, after the outlets have been connected.
   void awakeFromNib();
 
-  DragOperation draggingEntered(DraggingInfo& sender);
-  bool performDragOperation(DraggingInfo& sender);
-  void concludeDragOperation(DraggingInfo& sender);
-  void draggingEnded(DraggingInfo& sender);
-  void draggingExited(DraggingInfo& sender);
+  DragOperation draggingEntered(DraggingInfo& sender) override;
+  bool performDragOperation(DraggingInfo& sender) override;
+  void concludeDragOperation(DraggingInfo& sender) override;
+  void draggingEnded(DraggingInfo& sender) override;
+  void draggingExited(DraggingInfo& sender) override;
 
   const IconInfo& iconInfo() const { return iconInfo_; }
   // The path of the last file that was dropped, whether or not it was a picture.

@@ -59,4 +59,18 @@ class DraggingInfo {
   virtual DestinationWindow* draggingDestinationWindow() = 0;
 };
 
+// What a drop view hands its drags to: `draggingEntered`, then either `draggingExited`, or the drop.
+// The answer to `draggingEntered` stands for the whole drag. A drop is performed, concluded when it
+// was performed, and ended in any case.
+class DraggingDestination {
+ public:
+  virtual ~DraggingDestination() = default;
+
+  virtual DragOperation draggingEntered(DraggingInfo& sender) = 0;
+  virtual bool performDragOperation(DraggingInfo& sender) = 0;
+  virtual void concludeDragOperation(DraggingInfo& sender) = 0;
+  virtual void draggingEnded(DraggingInfo& sender) = 0;
+  virtual void draggingExited(DraggingInfo& sender) = 0;
+};
+
 }  // namespace tessarine

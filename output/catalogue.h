@@ -1,8 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
-#include <string>
 #include <string_view>
 
 namespace tessarine {
@@ -19,13 +19,14 @@ struct CatalogueEntry {
 
 namespace detail {
 
-constexpr void appendEntry(std::string& text, const CatalogueEntry& entry) {
-  text += "    {\n";
+constexpr void layOut(const CatalogueEntry& entry, const auto& write) {
+  write("    {\n");
   std::string_view separator;
   const auto member = [&](std::string_view key, std::string_view value) {
     if (value.empty()) return;
-    text.append(separator).append("      \"").append(key).append("\" : \"");
-    text.append(value).append("\"");
+    for (const std::string_view part : {separator, {"      \""}, key, {"\" : \""}, value, {"\""}}) {
+      write(part);
+    }
     separator = ",\n";
   };
   member("filename", entry.filename);
@@ -34,29 +35,34 @@ constexpr void appendEntry(std::string& text, const CatalogueEntry& entry) {
   member("scale", entry.scale);
   member("size", entry.size);
   member("subtype", entry.subtype);
-  text += "\n    }";
+  write("\n    }");
 }
 
 // The layout that the platform's own tools write: two-space steps, " : " between key and value,
-// keys in alphabetical order, no line feed at the end.
-constexpr std::string catalogueLayout(const auto& entries) {
-  std::string text = "{\n  \"images\" : [\n";
+// keys in alphabetical order, no line feed at the end. `write` is handed the text part by part.
+constexpr void layOutCatalogue(const auto& entries, const auto& write) {
+  write("{\n  \"images\" : [\n");
   std::string_view separator;
   for (const CatalogueEntry& entry : entries) {
-    text += separator;
-    appendEntry(text, entry);
+    write(separator);
+    layOut(entry, write);
     separator = ",\n";
   }
-  text += "\n  ],\n  \"info\" : {\n    \"author\" : \"xcode\",\n    \"version\" : 1\n  }\n}";
-  return text;
+  write("\n  ],\n  \"info\" : {\n    \"author\" : \"xcode\",\n    \"version\" : 1\n  }\n}");
 }
 
-// The text as constant storage: a string cannot outlive its compile-time evaluation.
+template <const auto& entries>
+inline constexpr std::size_t catalogueLength = [] {
+  std::size_t length = 0;
+  layOutCatalogue(entries, [&](std::string_view part) { length += part.size(); });
+  return length;
+}();
+
 template <const auto& entries>
 inline constexpr auto catalogueStorage = [] {
-  std::array<char, catalogueLayout(entries).size()> storage{};
-  const std::string text = catalogueLayout(entries);
-  for (std::size_t i = 0; i < storage.size(); ++i) storage[i] = text[i];
+  std::array<char, catalogueLength<entries>> storage{};
+  auto end = storage.begin();
+  layOutCatalogue(entries, [&](std::string_view part) { end = std::ranges::copy(part, end).out; });
   return storage;
 }();
 

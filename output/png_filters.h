@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+#include "platform/picture.h"
+
+namespace tessarine {
+
+// How a row is told by its neighbours; the values are those of the file format.
+enum class PNGFilter : std::uint8_t { none, sub, up, average, paeth };
+
+// The bytes that the filtered rows of a bitmap of this size, which must be one that can be made,
+// take: a filter type before each row.
+std::size_t filteredByteCount(PixelSize size) noexcept;
+
+// Filters every row by the filter whose results, as signed bytes, have the least sum of absolute
+// values; of equals the one that comes last in `PNGFilter`. `filtered` must hold exactly
+// `filteredByteCount` bytes.
+void filterRows(const Bitmap& bitmap, std::span<std::uint8_t> filtered);
+
+}  // namespace tessarine

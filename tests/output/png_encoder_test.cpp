@@ -1,0 +1,81 @@
+#include "output/png_encoder.h"
+
+#include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "tests/output/drawn_bitmaps.h"
+#include "tests/output/png_file.h"
+
+namespace tessarine {
+namespace {
+
+using testing::chunksOf;
+using testing::Colour;
+using testing::drawn;
+using testing::DrawnBitmap;
+using testing::drawnBitmaps;
+using testing::pixelsByLibpng;
+using testing::PNGChunk;
+using Bytes = std::vector<std::uint8_t>;
+
+Bytes encoded(const Bitmap& bitmap) {
+  const auto file = encodePNG(bitmap);
+  return file ? Bytes(file->bytes().begin(), file->bytes().end()) : Bytes();
+}
+
+std::vector<std::string> typesOf(const std::vector<PNGChunk>& chunks) {
+  std::vector<std::string> types;
+  for (const PNGChunk& chunk : chunks) types.push_back(chunk.type);
+  return types;
+}
+
+TEST(PNGEncoder, WritesTheFourChunksOfAFile) {
+  const Bitmap bitmap = drawn({258, 3}, [](auto, auto) { return Colour{1, 2, 3, 4}; });
+  const auto chunks = chunksOf(encoded(bitmap));
+
+  ASSERT_EQ(typesOf(chunks), (std::vector<std::string>{"IHDR", "sRGB", "IDAT", "IEND"}));
+  // Width, height, 8 bits, RGBA, deflate, the five filters, not interlaced.
+  EXPECT_EQ(chunks[0].data, (Bytes{0, 0, 1, 2, 0, 0, 0, 3, 8, 6, 0, 0, 0}));
+  EXPECT_EQ(chunks[1].data, Bytes{0});
+  EXPECT_EQ(chunks[3].data, Bytes());
+}
+
+TEST(PNGEncoder, KeepsEveryPixel) {
+  for (const DrawnBitmap& drawing : drawnBitmaps()) {
+    SCOPED_TRACE(drawing.name);
+    const Bytes file = encoded(drawing.bitmap);
+    EXPECT_EQ(chunksOf(file).size(), 4u);
+    const auto expected = drawing.bitmap.pixels();
+    EXPECT_EQ(pixelsByLibpng(file), Bytes(expected.begin(), expected.end()));
+  }
+}
+
+TEST(PNGEncoder, KeepsTheColoursUnderTransparentPixels) {
+  const Bitmap bitmap = drawn({5, 5}, [](auto, auto) { return Colour{10, 20, 30, 0}; });
+  EXPECT_EQ(pixelsByLibpng(encoded(bitmap)), Bytes(bitmap.pixels().begin(), bitmap.pixels().end()));
+}
+
+TEST(PNGEncoder, IsTheSameOnEveryRun) {
+  for (const DrawnBitmap& drawing : drawnBitmaps()) {
+    EXPECT_EQ(encoded(drawing.bitmap), encoded(drawing.bitmap)) << drawing.name;
+  }
+}
+
+TEST(PNGEncoder, IsAcceptedByPngcheck) {
+  std::string folder = ::testing::TempDir() + "png_encoder_XXXXXX";
+  ASSERT_NE(mkdtemp(folder.data()), nullptr);
+  for (const DrawnBitmap& drawing : drawnBitmaps()) {
+    const Bytes file = encoded(drawing.bitmap);
+    std::ofstream(folder + "/" + drawing.name + ".png", std::ios::binary)
+        .write(reinterpret_cast<const char*>(file.data()),
+               static_cast<std::streamsize>(file.size()));
+  }
+  EXPECT_EQ(std::system(("pngcheck -q '" + folder + "'/*.png >&2").c_str()), 0);
+  std::filesystem::remove_all(folder);
+}
+
+}  // namespace
+}  // namespace tessarine

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 #include "platform/alert.h"
 #include "platform/open_panel.h"
@@ -11,7 +12,9 @@ namespace tessarine {
 // Answers the folder question with a folder known beforehand, which is created when missing.
 class FolderArgument final : public OpenPanel {
  public:
+  // Without a trailing separator.
   explicit FolderArgument(std::string folder) : folder_(std::move(folder)) {}
+
   OpenPanelAnswer runModal(const OpenPanelSettings& settings) override;
 
  private:

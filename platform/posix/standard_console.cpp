@@ -1,13 +1,17 @@
 #include "platform/posix/standard_console.h"
 
-#include <cstdio>
+#include <unistd.h>
+
+#include <cstdint>
+#include <string>
+
+#include "platform/posix/write_whole.h"
 
 namespace tessarine {
 
 void StandardConsole::printLine(std::string_view text) {
-  std::fwrite(text.data(), 1, text.size(), stdout);
-  std::fputc('\n', stdout);
-  std::fflush(stdout);
+  const std::string line = std::string(text) + '\n';
+  writeWhole(STDOUT_FILENO, {reinterpret_cast<const std::uint8_t*>(line.data()), line.size()});
 }
 
 }  // namespace tessarine

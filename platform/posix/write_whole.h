@@ -1,0 +1,11 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+namespace tessarine {
+
+// Writes all of the bytes, with one call where the system takes them whole. The error, or 0.
+int writeWhole(int descriptor, std::span<const std::uint8_t> bytes);
+
+}  // namespace tessarine

@@ -1,0 +1,64 @@
+#include "platform/vips/regular_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+
+namespace tessarine {
+
+namespace {
+
+// How many bytes arrived in `room`, from the start of the file on.
+std::size_t readFromStart(int descriptor, std::span<std::uint8_t> room) {
+  std::size_t count = 0;
+  while (count < room.size()) {
+    const auto got =
+        ::pread(descriptor, room.data() + count, room.size() - count, static_cast<off_t>(count));
+    if (got < 0 && errno == EINTR) continue;
+    if (got <= 0) break;
+    count += static_cast<std::size_t>(got);
+  }
+  return count;
+}
+
+}  // namespace
+
+RegularFile::RegularFile(const std::string& path) {
+  // Without O_NONBLOCK, opening a pipe that nobody writes to would wait for ever.
+  descriptor_ = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
+  struct stat status {};
+  if (descriptor_ < 0 || ::fstat(descriptor_, &status) != 0) {
+    // A socket cannot be opened at all.
+    refusal_ = errno == ENXIO ? "not a regular file" : std::strerror(errno);
+  } else if (S_ISDIR(status.st_mode)) {
+    refusal_ = std::strerror(EISDIR);
+  } else if (!S_ISREG(status.st_mode)) {
+    refusal_ = "not a regular file";
+  } else if (status.st_size == 0) {
+    refusal_ = "the file is empty";
+  } else if (status.st_size > maximumFileBytes) {
+    refusal_ = "the file is larger than 1 GiB";
+  }
+  size_ = status.st_size;
+}
+
+RegularFile::~RegularFile() {
+  if (descriptor_ >= 0) ::close(descriptor_);
+}
+
+std::span<const std::uint8_t> RegularFile::head(std::span<std::uint8_t> room) const {
+  return room.first(readFromStart(descriptor_, room));
+}
+
+std::optional<ByteBuffer> RegularFile::bytes() const {
+  auto block = MemoryBlock::allocate(static_cast<std::size_t>(size_));
+  if (!block) return std::nullopt;
+  // The file may have shrunk meanwhile.
+  const auto count = readFromStart(descriptor_, block->bytes());
+  return ByteBuffer(*std::move(block)).slice(0, count);
+}
+
+}  // namespace tessarine

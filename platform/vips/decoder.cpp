@@ -16,8 +16,12 @@ namespace {
 
 constexpr std::chrono::seconds patience{10};
 
+// libvips gathers its messages for ever when nobody throws them away.
+struct ClearMessages {
+  ~ClearMessages() { vips_error_clear(); }
+};
+
 Decoded refused(std::string reason) {
-  vips_error_clear();
   return {std::nullopt, std::move(reason)};
 }
 
@@ -29,6 +33,7 @@ Decoded held(Bitmap bitmap) {
 Decoded decodeWith(const Format& format, const ByteBuffer& bytes) {
   const std::string name(format.name);
   if (!startVips() || !hasLoader(format.loader)) return refused(name + " cannot be read here");
+  const ClearMessages atTheEnd;
   const Deadline deadline = std::chrono::steady_clock::now() + patience;
 
   auto image = loadHeader(format, bytes);

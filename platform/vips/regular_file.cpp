@@ -27,6 +27,11 @@ std::size_t readFromStart(int descriptor, std::span<std::uint8_t> room) {
 }  // namespace
 
 RegularFile::RegularFile(const std::string& path) {
+  if (path.find('\0') != path.npos) {
+    // The system would open what stands before the null byte.
+    refusal_ = std::strerror(ENOENT);
+    return;
+  }
   // Without O_NONBLOCK, opening a pipe that nobody writes to would wait for ever.
   descriptor_ = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
   struct stat status {};

@@ -1,17 +1,68 @@
 #include "output/resampler.h"
 
+#include <algorithm>
+#include <cstring>
+#include <new>
 #include <utility>
+
+#include "output/resample_tile.h"
 
 namespace tessarine {
 
-std::optional<Picture> resizedImage(const Picture&, std::int64_t width, std::int64_t height) {
+namespace {
+
+// Beyond this many source pixels for each output pixel the kernel's weights become too small for
+// their fixed point: such an axis is shrunk in steps of `ratioStep`.
+constexpr std::int64_t maximumRatio = 256;
+constexpr std::int64_t ratioStep = 16;
+
+std::int64_t firstStep(std::int64_t source, std::int64_t target) {
+  return source / target > maximumRatio ? source / ratioStep : source;
+}
+
+void copyVisible(std::span<const std::uint8_t> source, std::span<std::uint8_t> target) {
+  for (std::size_t i = 0; i < source.size(); i += Bitmap::bytesPerPixel) {
+    if (source[i + 3] != 0) std::memcpy(&target[i], &source[i], Bitmap::bytesPerPixel);
+  }
+}
+
+// Throws std::bad_alloc.
+void resample(const Bitmap& source, PixelSize size, std::span<std::uint8_t> pixels) {
+  Axis columns(source.size().width, size.width);
+  Axis rows(source.size().height, size.height);
+  const std::int64_t width = tileWidth(columns);
+  for (std::int64_t begin = 0; begin < size.width; begin += width) {
+    resampleTile(source, columns, rows, {begin, std::min(begin + width, size.width)},
+                 pixels.data());
+  }
+}
+
+}  // namespace
+
+std::optional<Picture> resizedImage(const Picture& source, std::int64_t width,
+                                    std::int64_t height) try {
   Picture result{{width, height}, std::nullopt};
-  if (const auto bytes = Bitmap::byteCount(result.points)) {
-    if (auto block = MemoryBlock::allocate(*bytes)) {
-      result.bitmap.emplace(result.points, ByteBuffer(*std::move(block)));
+  const auto bytes = Bitmap::byteCount(result.points);
+  auto pixels = bytes ? MemoryBlock::allocate(*bytes) : std::nullopt;
+  if (!pixels) return result;
+  if (source.bitmap) {
+    const PixelSize size = source.bitmap->size();
+    const PixelSize step{firstStep(size.width, width), firstStep(size.height, height)};
+    if (step != size) {
+      const auto smaller = resizedImage(source, step.width, step.height);
+      if (!smaller || !smaller->bitmap) return std::nullopt;
+      return resizedImage(*smaller, width, height);
+    }
+    if (size == result.points) {
+      copyVisible(source.bitmap->pixels(), pixels->bytes());
+    } else {
+      resample(*source.bitmap, result.points, pixels->bytes());
     }
   }
+  result.bitmap.emplace(result.points, ByteBuffer(*std::move(pixels)));
   return result;
+} catch (const std::bad_alloc&) {
+  return std::nullopt;
 }
 
 }  // namespace tessarine

@@ -24,6 +24,7 @@ constexpr int maximumLinks = 40;
 // The components of a path, ahead of those that are left.
 int FolderWalk::putBefore(const std::string& path) {
   if (path.empty()) return ENOENT;
+  if (path.size() >= PATH_MAX) return ENAMETOOLONG;
   if (path.front() == '/') return EXDEV;
   std::vector<std::string> components;
   std::string_view left = path;

@@ -1,5 +1,6 @@
 #include "platform/vips/decoder.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -15,6 +16,7 @@ namespace tessarine {
 namespace {
 
 constexpr std::chrono::seconds patience{10};
+constexpr auto noPicture = "not a picture of a kind that can be read";
 
 // libvips gathers its messages for ever when nobody throws them away.
 struct ClearMessages {
@@ -30,24 +32,47 @@ Decoded held(Bitmap bitmap) {
   return {Picture{size, std::move(bitmap)}, {}};
 }
 
-Decoded decodeWith(const Format& format, const ByteBuffer& bytes) {
-  const std::string name(format.name);
-  if (!startVips() || !hasLoader(format.loader)) return refused(name + " cannot be read here");
-  const ClearMessages atTheEnd;
-  const Deadline deadline = std::chrono::steady_clock::now() + patience;
+Decoded damaged(const Format& format) {
+  return refused("damaged " + std::string(format.name) + " picture");
+}
 
-  auto image = loadHeader(format, bytes);
-  if (image == nullptr) return refused("damaged " + name + " picture");
-  // Before any memory is taken for pixels.
-  const PixelSize size{vips_image_get_width(image.get()), vips_image_get_height(image.get())};
-  if (!Bitmap::byteCount(size)) {
-    return refused(std::to_string(size.width) + " x " + std::to_string(size.height) +
-                   " pixels are more than can be read");
+std::string tooManyPixels(PixelSize size) {
+  return std::to_string(size.width) + " x " + std::to_string(size.height) +
+         " pixels are none or more than can be read";
+}
+
+// No format that declares its size packs more pixels in a byte; a file that claims to is refused
+// before its library takes memory for them.
+constexpr std::int64_t maximumPixelsPerByte = 128;
+
+bool isPlausible(PixelSize size, std::size_t fileBytes) {
+  return Bitmap::byteCount(size) &&
+         size.width * size.height / maximumPixelsPerByte <= static_cast<std::int64_t>(fileBytes);
+}
+
+Head headOf(const ByteBuffer& bytes) {
+  return bytes.bytes().first(std::min(headSize, bytes.bytes().size()));
+}
+
+Decoded decodeAs(const Format& format, const ByteBuffer& bytes) {
+  const Deadline deadline = std::chrono::steady_clock::now() + patience;
+  const ClearMessages atTheEnd;
+  if (format.declaredSize != nullptr) {
+    const PixelSize size = format.declaredSize(headOf(bytes));
+    if (!isPlausible(size, bytes.bytes().size())) return refused(tooManyPixels(size));
   }
+  auto image = loadHeader(format, bytes);
+  if (image == nullptr) return damaged(format);
+  const PixelSize size{vips_image_get_width(image.get()), vips_image_get_height(image.get())};
+  if (!Bitmap::byteCount(size)) return refused(tooManyPixels(size));
+
   const int orientation = vips_image_get_orientation(image.get());
-  image = toSRGB(std::move(image));
+  image = toSRGB(image.get());
   auto bitmap = image == nullptr ? std::nullopt : rasterise(image.get(), orientation, deadline);
-  if (!bitmap) return refused("damaged " + name + " picture, or too large for this machine");
+  if (!bitmap) {
+    return refused("damaged " + std::string(format.name) +
+                   " picture, or too large for this machine");
+  }
   return held(*std::move(bitmap));
 }
 
@@ -55,9 +80,19 @@ Decoded decodeWith(const Format& format, const ByteBuffer& bytes) {
 
 Decoded decodePicture(const ByteBuffer& bytes) {
   if (auto bitmap = viewHeldTIFF(bytes)) return held(*std::move(bitmap));
-  const Format* format = formatOf(bytes.bytes().first(std::min(headSize, bytes.bytes().size())));
-  if (format == nullptr) return refused("not a picture of a kind that can be read");
-  return decodeWith(*format, bytes);
+  const Format* format = formatOf(headOf(bytes));
+  if (format == nullptr) return refused(noPicture);
+  if (!startVips() || !hasLoader(format->loader)) {
+    return refused(std::string(format->name) + " cannot be read on this machine");
+  }
+  if (format->unwrap == nullptr) return decodeAs(*format, bytes);
+
+  const auto inner = format->unwrap(bytes);
+  if (!inner) return damaged(*format);
+  if (auto bitmap = viewHeldTIFF(*inner)) return held(*std::move(bitmap));
+  const Format* innerFormat = formatOf(headOf(*inner));
+  if (innerFormat == nullptr || !hasLoader(innerFormat->loader)) return damaged(*format);
+  return decodeAs(*innerFormat, *inner);
 }
 
 Decoded decodePictureFile(const std::string& path) {
@@ -66,7 +101,7 @@ Decoded decodePictureFile(const std::string& path) {
   // Large files that are no pictures are not read at all.
   std::array<std::uint8_t, headSize> room{};
   if (formatOf(file.head(room)) == nullptr) {
-    return refused("not a picture of a kind that can be read");
+    return refused(noPicture);
   }
   const auto bytes = file.bytes();
   if (!bytes) return refused("the file is too large for this machine");

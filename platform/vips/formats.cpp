@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "platform/vips/containers.h"
 #include "platform/vips/magic.h"
 
 namespace tessarine {
@@ -17,31 +18,37 @@ constexpr Types<1> tiffTypes{"image/tiff"};
 constexpr Types<1> gifTypes{"image/gif"};
 constexpr Types<1> webpTypes{"image/webp"};
 constexpr Types<1> svgTypes{"image/svg+xml"};
+constexpr Types<1> svgzTypes{"image/svg+xml-compressed"};
 constexpr Types<1> pdfTypes{"application/pdf"};
 constexpr Types<2> heicTypes{"image/heif", "image/heic"};
 constexpr Types<1> avifTypes{"image/avif"};
 constexpr Types<1> jpegXLTypes{"image/jxl"};
 constexpr Types<3> jpeg2000Types{"image/jp2", "image/jpx", "image/x-jp2-codestream"};
+constexpr Types<1> icnsTypes{"image/x-icns"};
+constexpr Types<1> icoTypes{"image/vnd.microsoft.icon"};
 constexpr Types<1> bmpTypes{"image/bmp"};
 constexpr Types<1> psdTypes{"image/vnd.adobe.photoshop"};
 constexpr Types<1> tgaTypes{"image/x-tga"};
 
 // TGA, which has no magic number, comes last.
-constexpr std::array<Format, 14> allFormats{{
+constexpr std::array<Format, 17> allFormats{{
     {"PNG", pngTypes, magic::png, "pngload_source"},
     {"JPEG", jpegTypes, magic::jpeg, "jpegload_source"},
     {"TIFF", tiffTypes, magic::tiff, "tiffload_source"},
     {"GIF", gifTypes, magic::gif, "gifload_source"},
     {"WebP", webpTypes, magic::webp, "webpload_source"},
     {"SVG", svgTypes, magic::svg, "svgload_source", true},
+    {"SVGZ", svgzTypes, magic::svgz, "svgload_source", false, containers::inflatedSVG},
     {"PDF", pdfTypes, magic::pdf, "pdfload_source", true},
     {"HEIC", heicTypes, magic::heic, "heifload_source"},
     {"AVIF", avifTypes, magic::avif, "heifload_source"},
     {"JPEG XL", jpegXLTypes, magic::jpegXL, "jxlload_source"},
     {"JPEG 2000", jpeg2000Types, magic::jpeg2000, "jp2kload_source"},
-    {"BMP", bmpTypes, magic::bmp, "magickload_buffer"},
-    {"PSD", psdTypes, magic::psd, "magickload_buffer"},
-    {"TGA", tgaTypes, magic::tga, "magickload_buffer"},
+    {"ICNS", icnsTypes, magic::icns, "pngload_source", false, containers::largestOfICNS},
+    {"ICO", icoTypes, magic::ico, "magickload_buffer", false, containers::largestOfICO},
+    {"BMP", bmpTypes, magic::bmp, "magickload_buffer", false, nullptr, magic::sizeOfBMP},
+    {"PSD", psdTypes, magic::psd, "magickload_buffer", false, nullptr, magic::sizeOfPSD},
+    {"TGA", tgaTypes, magic::tga, "magickload_buffer", false, nullptr, magic::sizeOfTGA},
 }};
 
 }  // namespace

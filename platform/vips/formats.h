@@ -2,8 +2,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string_view>
+
+#include "platform/bytes.h"
+#include "platform/picture.h"
 
 namespace tessarine {
 
@@ -18,6 +22,10 @@ struct Format {
   const char* loader;
   // Whether it has no pixels of its own and is drawn at the size that we ask for.
   bool isVector = false;
+  // Where the file only wraps pictures: the bytes of the one to be read.
+  std::optional<ByteBuffer> (*unwrap)(const ByteBuffer& file) = nullptr;
+  // Where the loader takes memory for the pixels before it tells their size.
+  PixelSize (*declaredSize)(Head head) = nullptr;
 };
 
 // How many bytes from a picture's start are enough to recognise it.

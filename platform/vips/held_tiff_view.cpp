@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "platform/vips/held_tiff.h"
+#include "platform/vips/numbers.h"
 
 namespace tessarine {
 
@@ -10,14 +11,6 @@ namespace {
 
 constexpr std::uint32_t typeShort = 3;
 constexpr std::uint32_t typeLong = 4;
-
-// Little-endian numbers. `at` must lie inside.
-std::uint32_t u16(std::span<const std::uint8_t> bytes, std::size_t at) {
-  return std::uint32_t{bytes[at]} | std::uint32_t{bytes[at + 1]} << 8;
-}
-std::uint32_t u32(std::span<const std::uint8_t> bytes, std::size_t at) {
-  return u16(bytes, at) | u16(bytes, at + 2) << 16;
-}
 
 struct Entry {
   std::uint32_t tag, type, count;
@@ -28,10 +21,10 @@ struct Entry {
 constexpr std::size_t entrySize = 12;
 
 Entry entryAt(std::span<const std::uint8_t> bytes, std::size_t at) {
-  const auto type = u16(bytes, at + 2);
-  const auto place = u32(bytes, at + 8);
-  return {u16(bytes, at), type, u32(bytes, at + 4), type == typeShort ? u16(bytes, at + 8) : place,
-          place};
+  const auto type = little16(bytes, at + 2);
+  const auto place = little32(bytes, at + 8);
+  return {little16(bytes, at), type, little32(bytes, at + 4),
+          type == typeShort ? little16(bytes, at + 8) : place, place};
 }
 
 // The fields of our directory, in the order of their tags.
@@ -62,9 +55,10 @@ std::optional<Directory> readDirectory(std::span<const std::uint8_t> bytes) {
   constexpr std::size_t directorySize = 2 + fieldCount * entrySize + 4;
   static constexpr std::array<std::uint8_t, 4> mark{'I', 'I', 42, 0};
   if (bytes.size() < 8 || !std::ranges::equal(bytes.first(4), mark)) return std::nullopt;
-  const std::size_t at = u32(bytes, 4);
+  const std::size_t at = little32(bytes, 4);
   if (at > bytes.size() || bytes.size() - at < directorySize) return std::nullopt;
-  if (u16(bytes, at) != fieldCount || u32(bytes, at + directorySize - 4) != 0) return std::nullopt;
+  if (little16(bytes, at) != fieldCount || little32(bytes, at + directorySize - 4) != 0)
+    return std::nullopt;
   Directory directory;
   for (std::size_t field = 0; field < fieldCount; ++field) {
     directory[field] = entryAt(bytes, at + 2 + field * entrySize);

@@ -1,10 +1,12 @@
 #include "platform/vips/loader.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <string_view>
 
 #include "platform/picture.h"
+#include "platform/vips/magic.h"
 
 namespace tessarine {
 
@@ -22,30 +24,71 @@ struct FreeArea {
 template <class Area>
 using OwnedArea = std::unique_ptr<Area, FreeArea>;
 
-Owned<VipsImage> loadRaster(const Format& format, std::span<const std::uint8_t> bytes) {
-  VipsImage* image = nullptr;
-  int failed = 0;
-  if (std::string_view(format.loader).ends_with("_buffer")) {
-    const OwnedArea<VipsBlob> blob(vips_blob_new(nullptr, bytes.data(), bytes.size()));
-    failed = vips_call(format.loader, blob.get(), &image, "access", VIPS_ACCESS_SEQUENTIAL,
-                       "fail_on", VIPS_FAIL_ON_TRUNCATED, nullptr);
-  } else {
-    const Owned<VipsSource> source(vips_source_new_from_memory(bytes.data(), bytes.size()));
-    failed = vips_call(format.loader, source.get(), &image, "access", VIPS_ACCESS_SEQUENTIAL,
-                       "fail_on", VIPS_FAIL_ON_TRUNCATED, nullptr);
-  }
-  return Owned<VipsImage>(failed == 0 ? image : nullptr);
-}
-
-Owned<VipsImage> loadVector(const Format& format, std::span<const std::uint8_t> bytes,
-                            double scale) {
+Owned<VipsImage> loadFromSource(const char* loader, std::span<const std::uint8_t> bytes) {
   const Owned<VipsSource> source(vips_source_new_from_memory(bytes.data(), bytes.size()));
   VipsImage* image = nullptr;
-  if (vips_call(format.loader, source.get(), &image, "access", VIPS_ACCESS_SEQUENTIAL, "scale",
-                scale, nullptr) != 0) {
+  if (vips_call(loader, source.get(), &image, "access", VIPS_ACCESS_SEQUENTIAL, "fail_on",
+                VIPS_FAIL_ON_TRUNCATED, nullptr) != 0) {
     return nullptr;
   }
   return Owned<VipsImage>(image);
+}
+
+Owned<VipsImage> loadFromBuffer(const char* loader, std::span<const std::uint8_t> bytes) {
+  const OwnedArea<VipsBlob> blob(vips_blob_new(nullptr, bytes.data(), bytes.size()));
+  VipsImage* image = nullptr;
+  if (vips_call(loader, blob.get(), &image, "access", VIPS_ACCESS_SEQUENTIAL, "fail_on",
+                VIPS_FAIL_ON_TRUNCATED, nullptr) != 0) {
+    return nullptr;
+  }
+  return Owned<VipsImage>(image);
+}
+
+// ImageMagick may hand out a grey picture as red, green and blue and still call it grey.
+Owned<VipsImage> namedByItsBands(Owned<VipsImage> image) {
+  const auto name = vips_image_get_interpretation(image.get());
+  const bool isGrey = name == VIPS_INTERPRETATION_B_W || name == VIPS_INTERPRETATION_GREY16;
+  if (!isGrey || vips_image_get_bands(image.get()) < 3) return image;
+  VipsImage* out = nullptr;
+  const auto truth =
+      name == VIPS_INTERPRETATION_B_W ? VIPS_INTERPRETATION_sRGB : VIPS_INTERPRETATION_RGB16;
+  if (vips_copy(image.get(), &out, "interpretation", truth, nullptr) != 0) return nullptr;
+  return Owned<VipsImage>(out);
+}
+
+Owned<VipsImage> loadRaster(const Format& format, std::span<const std::uint8_t> bytes) {
+  if (!std::string_view(format.loader).ends_with("_buffer")) {
+    return loadFromSource(format.loader, bytes);
+  }
+  auto image = loadFromBuffer(format.loader, bytes);
+  return image == nullptr ? nullptr : namedByItsBands(std::move(image));
+}
+
+Owned<VipsImage> drawSVG(VipsSource* source, double scale) {
+  VipsImage* image = nullptr;
+  if (vips_call("svgload_source", source, &image, "access", VIPS_ACCESS_SEQUENTIAL, "scale", scale,
+                nullptr) != 0) {
+    return nullptr;
+  }
+  return Owned<VipsImage>(image);
+}
+
+// A page without its white paper: an icon keeps what was not drawn on transparent.
+Owned<VipsImage> drawPDF(VipsSource* source, double scale) {
+  static constexpr std::array<double, 4> clear{0, 0, 0, 0};
+  const OwnedArea<VipsArrayDouble> paper(vips_array_double_new(clear.data(), 4));
+  VipsImage* image = nullptr;
+  if (vips_call("pdfload_source", source, &image, "access", VIPS_ACCESS_SEQUENTIAL, "scale", scale,
+                "background", paper.get(), nullptr) != 0) {
+    return nullptr;
+  }
+  return Owned<VipsImage>(image);
+}
+
+Owned<VipsImage> draw(const Format& format, std::span<const std::uint8_t> bytes, double scale) {
+  const Owned<VipsSource> source(vips_source_new_from_memory(bytes.data(), bytes.size()));
+  return format.recognises == magic::pdf ? drawPDF(source.get(), scale)
+                                         : drawSVG(source.get(), scale);
 }
 
 // By how much to enlarge a drawing of this size: to be as large as the largest file in both
@@ -61,11 +104,12 @@ double enlargement(double width, double height) {
 
 Owned<VipsImage> loadHeader(const Format& format, const ByteBuffer& bytes) {
   if (!format.isVector) return loadRaster(format, bytes.bytes());
-  auto image = loadVector(format, bytes.bytes(), 1);
+  if (format.recognises == magic::svg && bytes.bytes().size() > maximumDrawingBytes) return nullptr;
+  auto image = draw(format, bytes.bytes(), 1);
   if (image == nullptr) return nullptr;
   const double width = vips_image_get_width(image.get());
   const double height = vips_image_get_height(image.get());
-  return loadVector(format, bytes.bytes(), enlargement(width, height));
+  return draw(format, bytes.bytes(), enlargement(width, height));
 }
 
 }  // namespace tessarine

@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <string_view>
+
+#include "platform/vips/numbers.h"
 
 namespace tessarine::magic {
 
@@ -136,6 +139,23 @@ bool tga(Head head) {
                               : hasMap == 0 && mapDepth == 0;
   const bool descriptorFits = (head[17] & 0xc0) == 0 && (head[17] & 0x0f) <= 8;
   return sized && depthFits && mapFits && descriptorFits;
+}
+
+PixelSize sizeOfBMP(Head head) {
+  if (head.size() < 26) return {};
+  if (head[14] == 12) return {little16(head, 18), little16(head, 20)};
+  // A negative height means that rows are stored from the top.
+  const auto height = static_cast<std::int32_t>(little32(head, 22));
+  return {static_cast<std::int32_t>(little32(head, 18)), std::abs(std::int64_t{height})};
+}
+
+PixelSize sizeOfPSD(Head head) {
+  if (head.size() < 22) return {};
+  return {big32(head, 18), big32(head, 14)};
+}
+
+PixelSize sizeOfTGA(Head head) {
+  return {little16(head, 12), little16(head, 14)};
 }
 
 }  // namespace tessarine::magic

@@ -25,4 +25,10 @@ bool psd(Head head);
 // The format has no magic number: every field of its header must be plausible.
 bool tga(Head head);
 
+// The size that the head declares. For the kinds whose library takes memory for the pixels before
+// it tells the size.
+PixelSize sizeOfBMP(Head head);
+PixelSize sizeOfPSD(Head head);
+PixelSize sizeOfTGA(Head head);
+
 }  // namespace tessarine::magic

@@ -1,0 +1,65 @@
+#include "headless/monitored_files.h"
+
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <stdlib.h>
+#include <unistd.h>
+
+#include "tests/headless/program.h"
+#include "tests/headless/source_picture.h"
+#include "tests/support/recording_platform.h"
+
+namespace tessarine::testing {
+
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+using ::testing::StartsWith;
+
+TEST(MonitoredFiles, CountWhatCouldNotBeWritten) {
+  RecordingPlatform recording;
+  recording.files.failing = {"/f/bad.png", "/f/Contents.json"};
+  MonitoredFiles files(recording.files, 3);
+  EXPECT_EQ(files.writeInPlace("/f/good.png", {}), std::nullopt);
+  EXPECT_EQ(files.failures(), 0U);
+  EXPECT_NE(files.writeInPlace("/f/bad.png", {}), std::nullopt);
+  EXPECT_NE(files.writeAtomically("/f/Contents.json", {}), std::nullopt);
+  EXPECT_EQ(files.failures(), 2U);
+  EXPECT_TRUE(recording.files.written.contains("/f/good.png"));
+}
+
+namespace {
+
+// What the program shows on a terminal while it runs; standard output goes elsewhere.
+std::string shownOnATerminal(const std::vector<std::string>& arguments) {
+  const int terminal = ::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK);
+  if (terminal < 0 || ::grantpt(terminal) != 0 || ::unlockpt(terminal) != 0) return "no terminal";
+  const int side = ::open(::ptsname(terminal), O_RDWR | O_NOCTTY);
+  runProgram(arguments, [&] { ::dup2(side, STDERR_FILENO); });
+  std::string shown;
+  std::array<char, 4096> buffer;
+  for (ssize_t count = 0; (count = ::read(terminal, buffer.data(), buffer.size())) > 0;) {
+    shown.append(buffer.data(), static_cast<std::size_t>(count));
+  }
+  ::close(side);
+  ::close(terminal);
+  return shown;
+}
+
+}  // namespace
+
+TEST(Progress, IsShownOnATerminalAndClearedInTheEnd) {
+  const SourcePicture source;
+  const std::string shown = shownOnATerminal({"macos", source.picture(), source.icons()});
+  EXPECT_THAT(shown, StartsWith("\r\x1b[K1/11 Icon-512.png\r\x1b[K2/11 Icon-512@2x.png"));
+  EXPECT_TRUE(shown.ends_with("11/11 Contents.json\r\x1b[K")) << shown;
+}
+
+TEST(Progress, ShowsNoControlCharactersOfAName) {
+  const SourcePicture source;
+  const std::string shown =
+      shownOnATerminal({"custom", source.picture(), source.icons(), "\x1b]0;x\x07", "10", "10"});
+  EXPECT_THAT(shown, HasSubstr("1/1 \\x1b]0;x\\x07.png"));
+}
+
+}  // namespace tessarine::testing

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace tessarine {
+
+// What a confined process keeps, each with everything beneath it. Paths that do not exist are
+// passed over.
+struct Confinement {
+  std::vector<std::string> readable;
+  // Folders in which files and folders may be made and written, and files removed.
+  std::vector<std::string> writable;
+  // Folders beneath which empty folders may be removed.
+  std::vector<std::string> prunable;
+};
+
+// Takes from this process, for good, every other access to files, the starting of programs, and
+// TCP. To be called before any thread is started; files already open stay so. A kernel that lacks
+// some of it takes the rest; false when it takes nothing at all.
+bool confine(const Confinement& confinement);
+
+}  // namespace tessarine

@@ -15,13 +15,12 @@ std::string withoutTrailingSeparators(std::string_view folder) {
 
 Command parseSets(std::string_view word, std::span<const std::string_view> operands) {
   if (operands.size() != 2) return WrongUsage{std::string(word) + " takes PICTURE FOLDER"};
-  CutSets command{std::string(operands[0]), {}};
-  const std::string folder = withoutTrailingSeparators(operands[1]);
+  CutSets command{std::string(operands[0]), withoutTrailingSeparators(operands[1]), {}};
   for (const NamedSet& named : namedSets) {
     if (word == "all") {
-      command.targets.push_back({folder + "/" + std::string(named.name), &named.set});
+      command.targets.push_back({command.folder + "/" + std::string(named.name), &named.set});
     } else if (word == named.name) {
-      command.targets.push_back({folder, &named.set});
+      command.targets.push_back({command.folder, &named.set});
     }
   }
   return command;

@@ -27,6 +27,8 @@ struct CutSets {
     const IconSet* set;
   };
   std::string picture;
+  // The folder as named on the command line; every target is this folder or lies beneath it.
+  std::string folder;
   std::vector<Target> targets;
 };
 

@@ -1,45 +1,25 @@
 #include "headless/commands.h"
 
-#include <cstdio>
 #include <functional>
-#include <numeric>
-#include <optional>
 
 #include "custom/custom_icon_generator.h"
 #include "custom/form_validation.h"
 #include "headless/argument_form.h"
 #include "headless/monitored_files.h"
+#include "headless/picture_intake.h"
 #include "headless/usage.h"
 #include "iconsets/icon_set_generator.h"
-#include "intake/icon_info.h"
 #include "platform/headless/headless_host.h"
 #include "platform/platform.h"
 #include "platform/posix/granted_files.h"
 #include "platform/posix/granting_panel.h"
 #include "platform/posix/one_line.h"
 #include "platform/posix/standard_console.h"
-#include "platform/vips/decoder.h"
 #include "platform/vips/vips_pictures.h"
 
 namespace tessarine {
 
 namespace {
-
-void complain(const std::string& reason) {
-  std::fprintf(stderr, "%s: %s\n", programName, reason.c_str());
-}
-
-// The record of a picture file, as a drop of that file makes it; nothing, and the reason on
-// standard error, when it cannot be read.
-std::optional<IconInfo> readPicture(Pictures& pictures, const std::string& path) {
-  const Decoded decoded = decodePictureFile(path);
-  IconInfo iconInfo;
-  if (decoded.picture) iconInfo.imageData = pictures.tiffRepresentation(*decoded.picture);
-  if (iconInfo.imageData) return iconInfo;
-  const std::string reason = decoded.picture ? "not enough memory" : decoded.refusal;
-  complain("cannot read the picture \"" + oneLine(path) + "\": " + reason);
-  return std::nullopt;
-}
 
 std::size_t fileCount(const IconSet& set) {
   return set.names.size() + (set.contentsJSON ? 1 : 0);
@@ -92,7 +72,7 @@ ExitStatus run(const CutSets& command) {
   std::size_t files = 0;
   for (const CutSets::Target& target : command.targets) files += fileCount(*target.set);
   Host host(files);
-  const auto iconInfo = readPicture(host.pictures, command.picture);
+  const auto iconInfo = takeIn(host.pictures, command.picture, command.folder);
   if (!iconInfo) return ExitStatus::refused;
   for (const CutSets::Target& target : command.targets) {
     host.into(target.folder,
@@ -107,7 +87,7 @@ ExitStatus run(const CutCustom& command) {
   ExitStatus status = ExitStatus::refused;
   host.into(command.folder, [&](Platform& platform) {
     if (!validateForm(platform, arguments.form())) return;
-    const auto iconInfo = readPicture(host.pictures, command.picture);
+    const auto iconInfo = takeIn(host.pictures, command.picture, command.folder);
     if (!iconInfo) return;
     generateCustomIcons(platform, *iconInfo, arguments.form());
     status = host.status();

@@ -1,0 +1,60 @@
+#include "headless/picture_intake.h"
+
+#include <cstdio>
+
+#include "headless/prepared_folder.h"
+#include "headless/usage.h"
+#include "platform/posix/confinement.h"
+#include "platform/posix/one_line.h"
+#include "platform/vips/decoder.h"
+
+namespace tessarine {
+
+namespace {
+
+// Where the picture libraries keep their modules, fonts, colour profiles and settings; and what
+// their run-time libraries ask the system about this process.
+const std::vector<std::string> systemPaths{
+    "/usr",
+    "/lib",
+    "/lib64",
+    "/etc/fonts",
+    "/etc/ImageMagick-6",
+    "/etc/ImageMagick-7",
+    "/var/cache/fontconfig",
+    "/proc/self",
+    "/dev/null",
+    "/dev/urandom",
+};
+
+void confineTo(const std::string& picture, const std::string& folder,
+               const PreparedFolder& prepared) {
+  Confinement confinement{systemPaths, {folder}, {prepared.parentOfCreated()}};
+  confinement.readable.push_back(picture);
+  // Older kernels have no confinement, and the writing is contained without it.
+  static_cast<void>(confine(confinement));
+}
+
+}  // namespace
+
+std::optional<IconInfo> takeIn(Pictures& pictures, const std::string& picture,
+                               const std::string& folder) {
+  PreparedFolder prepared(folder);
+  confineTo(picture, folder, prepared);
+  const Decoded decoded = decodePictureFile(picture);
+  IconInfo iconInfo;
+  if (decoded.picture) iconInfo.imageData = pictures.tiffRepresentation(*decoded.picture);
+  if (!iconInfo.imageData) {
+    const std::string reason = decoded.picture ? "not enough memory" : decoded.refusal;
+    complain("cannot read the picture \"" + oneLine(picture) + "\": " + reason);
+    return std::nullopt;
+  }
+  prepared.keep();
+  return iconInfo;
+}
+
+void complain(const std::string& reason) {
+  std::fprintf(stderr, "%s: %s\n", programName, reason.c_str());
+}
+
+}  // namespace tessarine

@@ -1,0 +1,32 @@
+#include "headless/prepared_folder.h"
+
+#include <unistd.h>
+
+#include <system_error>
+
+namespace tessarine {
+
+namespace fs = std::filesystem;
+
+PreparedFolder::PreparedFolder(const fs::path& folder) {
+  fs::path path;
+  for (const fs::path& name : folder) {
+    path /= name;
+    // One that cannot be created shows itself when the files are written.
+    std::error_code ignored;
+    if (fs::create_directory(path, ignored)) created_.push_back(path);
+  }
+}
+
+PreparedFolder::~PreparedFolder() {
+  // Not fs::remove, which tries first to unlink, as a confined process may not.
+  for (auto path = created_.rbegin(); path != created_.rend(); ++path) ::rmdir(path->c_str());
+}
+
+fs::path PreparedFolder::parentOfCreated() const {
+  if (created_.empty()) return {};
+  const fs::path parent = created_.front().parent_path();
+  return parent.empty() ? "." : parent;
+}
+
+}  // namespace tessarine

@@ -76,23 +76,23 @@ Decoded decodeAs(const Format& format, const ByteBuffer& bytes) {
   return held(*std::move(bitmap));
 }
 
-}  // namespace
-
-Decoded decodePicture(const ByteBuffer& bytes) {
+// Preparing gives a picture of the same kind, which is then read, or of a plainer one.
+Decoded decode(const ByteBuffer& bytes, const Format* sameAs) {
   if (auto bitmap = viewHeldTIFF(bytes)) return held(*std::move(bitmap));
   const Format* format = formatOf(headOf(bytes));
   if (format == nullptr) return refused(noPicture);
   if (!startVips() || !hasLoader(format->loader)) {
     return refused(std::string(format->name) + " cannot be read on this machine");
   }
-  if (format->unwrap == nullptr) return decodeAs(*format, bytes);
+  if (format->prepare == nullptr || format == sameAs) return decodeAs(*format, bytes);
+  const auto prepared = format->prepare(bytes);
+  return prepared ? decode(*prepared, format) : damaged(*format);
+}
 
-  const auto inner = format->unwrap(bytes);
-  if (!inner) return damaged(*format);
-  if (auto bitmap = viewHeldTIFF(*inner)) return held(*std::move(bitmap));
-  const Format* innerFormat = formatOf(headOf(*inner));
-  if (innerFormat == nullptr || !hasLoader(innerFormat->loader)) return damaged(*format);
-  return decodeAs(*innerFormat, *inner);
+}  // namespace
+
+Decoded decodePicture(const ByteBuffer& bytes) {
+  return decode(bytes, nullptr);
 }
 
 Decoded decodePictureFile(const std::string& path) {

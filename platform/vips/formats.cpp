@@ -2,8 +2,8 @@
 
 #include <array>
 
-#include "platform/vips/containers.h"
 #include "platform/vips/magic.h"
+#include "platform/vips/preparation.h"
 
 namespace tessarine {
 
@@ -32,20 +32,20 @@ constexpr Types<1> tgaTypes{"image/x-tga"};
 
 // TGA, which has no magic number, comes last.
 constexpr std::array<Format, 17> allFormats{{
-    {"PNG", pngTypes, magic::png, "pngload_source"},
-    {"JPEG", jpegTypes, magic::jpeg, "jpegload_source"},
+    {"PNG", pngTypes, magic::png, "pngload_source", false, preparation::withoutTexts},
+    {"JPEG", jpegTypes, magic::jpeg, "jpegload_source", false, preparation::ofFewScans},
     {"TIFF", tiffTypes, magic::tiff, "tiffload_source"},
     {"GIF", gifTypes, magic::gif, "gifload_source"},
     {"WebP", webpTypes, magic::webp, "webpload_source"},
     {"SVG", svgTypes, magic::svg, "svgload_source", true},
-    {"SVGZ", svgzTypes, magic::svgz, "svgload_source", false, containers::inflatedSVG},
+    {"SVGZ", svgzTypes, magic::svgz, "svgload_source", false, preparation::inflatedSVG},
     {"PDF", pdfTypes, magic::pdf, "pdfload_source", true},
     {"HEIC", heicTypes, magic::heic, "heifload_source"},
     {"AVIF", avifTypes, magic::avif, "heifload_source"},
     {"JPEG XL", jpegXLTypes, magic::jpegXL, "jxlload_source"},
     {"JPEG 2000", jpeg2000Types, magic::jpeg2000, "jp2kload_source"},
-    {"ICNS", icnsTypes, magic::icns, "pngload_source", false, containers::largestOfICNS},
-    {"ICO", icoTypes, magic::ico, "magickload_buffer", false, containers::largestOfICO},
+    {"ICNS", icnsTypes, magic::icns, "pngload_source", false, preparation::largestOfICNS},
+    {"ICO", icoTypes, magic::ico, "magickload_buffer", false, preparation::largestOfICO},
     {"BMP", bmpTypes, magic::bmp, "magickload_buffer", false, nullptr, magic::sizeOfBMP},
     {"PSD", psdTypes, magic::psd, "magickload_buffer", false, nullptr, magic::sizeOfPSD},
     {"TGA", tgaTypes, magic::tga, "magickload_buffer", false, nullptr, magic::sizeOfTGA},

@@ -22,8 +22,8 @@ struct Format {
   const char* loader;
   // Whether it has no pixels of its own and is drawn at the size that we ask for.
   bool isVector = false;
-  // Where the file only wraps pictures: the bytes of the one to be read.
-  std::optional<ByteBuffer> (*unwrap)(const ByteBuffer& file) = nullptr;
+  // What is done to the file first; see `preparation.h`.
+  std::optional<ByteBuffer> (*prepare)(const ByteBuffer& file) = nullptr;
   // Where the loader takes memory for the pixels before it tells their size.
   PixelSize (*declaredSize)(Head head) = nullptr;
 };

@@ -3,12 +3,12 @@
 #include <map>
 #include <string_view>
 
-#include "platform/vips/containers.h"
 #include "platform/vips/held_tiff.h"
 #include "platform/vips/magic.h"
 #include "platform/vips/numbers.h"
+#include "platform/vips/preparation.h"
 
-namespace tessarine::containers {
+namespace tessarine::preparation {
 
 namespace {
 
@@ -112,4 +112,4 @@ std::optional<ByteBuffer> largestOfICNS(const ByteBuffer& file) {
   return std::nullopt;
 }
 
-}  // namespace tessarine::containers
+}  // namespace tessarine::preparation

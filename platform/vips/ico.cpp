@@ -2,11 +2,11 @@
 #include <array>
 #include <tuple>
 
-#include "platform/vips/containers.h"
 #include "platform/vips/magic.h"
 #include "platform/vips/numbers.h"
+#include "platform/vips/preparation.h"
 
-namespace tessarine::containers {
+namespace tessarine::preparation {
 
 namespace {
 
@@ -78,4 +78,4 @@ std::optional<ByteBuffer> largestOfICO(const ByteBuffer& file) {
   return iconOfOne(*best);
 }
 
-}  // namespace tessarine::containers
+}  // namespace tessarine::preparation

@@ -66,8 +66,8 @@ Owned<VipsImage> loadRaster(const Format& format, std::span<const std::uint8_t> 
 
 Owned<VipsImage> drawSVG(VipsSource* source, double scale) {
   VipsImage* image = nullptr;
-  if (vips_call("svgload_source", source, &image, "access", VIPS_ACCESS_SEQUENTIAL, "scale", scale,
-                nullptr) != 0) {
+  if (vips_call("svgload_source", source, &image, "access", VIPS_ACCESS_SEQUENTIAL, "fail_on",
+                VIPS_FAIL_ON_ERROR, "scale", scale, nullptr) != 0) {
     return nullptr;
   }
   return Owned<VipsImage>(image);

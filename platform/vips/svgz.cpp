@@ -1,12 +1,14 @@
 #include <libdeflate.h>
 
+#include <algorithm>
 #include <memory>
 
-#include "platform/vips/containers.h"
 #include "platform/vips/loader.h"
+#include "platform/vips/magic.h"
 #include "platform/vips/numbers.h"
+#include "platform/vips/preparation.h"
 
-namespace tessarine::containers {
+namespace tessarine::preparation {
 
 namespace {
 
@@ -32,7 +34,9 @@ std::optional<ByteBuffer> inflatedSVG(const ByteBuffer& file) {
                                  block->bytes().data(), size, nullptr) != LIBDEFLATE_SUCCESS) {
     return std::nullopt;
   }
+  // The library would inflate another gzip file inside without any limit.
+  if (!magic::svg(block->bytes().first(std::min(size, headSize)))) return std::nullopt;
   return ByteBuffer(*std::move(block));
 }
 
-}  // namespace tessarine::containers
+}  // namespace tessarine::preparation

@@ -1,8 +1,9 @@
 #include "headless/prepared_folder.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
-#include <system_error>
+#include "platform/posix/retried.h"
 
 namespace tessarine {
 
@@ -13,8 +14,7 @@ PreparedFolder::PreparedFolder(const fs::path& folder) {
   for (const fs::path& name : folder) {
     path /= name;
     // One that cannot be created shows itself when the files are written.
-    std::error_code ignored;
-    if (fs::create_directory(path, ignored)) created_.push_back(path);
+    if (retried([&] { return ::mkdir(path.c_str(), 0777); }) == 0) created_.push_back(path);
   }
 }
 

@@ -137,8 +137,8 @@ class PairSum {
 void addRows(const std::int16_t* const* rowPairs, std::size_t pairs, const std::int16_t* weights,
              std::size_t pixels, std::int32_t* sums) {
   const std::size_t lanes = hn::Lanes(samplesTag);
-  for (std::size_t i = 0; i < 2 * pixels * channels; i += 4 * lanes) {
-    PairSum sum0, sum1, sum2, sum3;
+  for (std::size_t i = 0; i < 2 * pixels * channels; i += 8 * lanes) {
+    PairSum sum0, sum1, sum2, sum3, sum4, sum5, sum6, sum7;
     for (std::size_t pair = 0; pair < pairs; ++pair) {
       std::int32_t both;
       std::memcpy(&both, weights + 2 * pair, sizeof both);
@@ -148,6 +148,10 @@ void addRows(const std::int16_t* const* rowPairs, std::size_t pairs, const std::
       sum1.add(hn::Load(samplesTag, samples + lanes), weight);
       sum2.add(hn::Load(samplesTag, samples + 2 * lanes), weight);
       sum3.add(hn::Load(samplesTag, samples + 3 * lanes), weight);
+      sum4.add(hn::Load(samplesTag, samples + 4 * lanes), weight);
+      sum5.add(hn::Load(samplesTag, samples + 5 * lanes), weight);
+      sum6.add(hn::Load(samplesTag, samples + 6 * lanes), weight);
+      sum7.add(hn::Load(samplesTag, samples + 7 * lanes), weight);
     }
     std::int32_t* out = sums + i / 2;
     const auto store = [&](const PairSum& sum, std::size_t place) HWY_ATTR {
@@ -157,6 +161,10 @@ void addRows(const std::int16_t* const* rowPairs, std::size_t pairs, const std::
     store(sum1, lanes / 2);
     store(sum2, lanes);
     store(sum3, lanes / 2 * 3);
+    store(sum4, lanes / 2 * 4);
+    store(sum5, lanes / 2 * 5);
+    store(sum6, lanes / 2 * 6);
+    store(sum7, lanes / 2 * 7);
   }
 }
 
@@ -224,11 +232,12 @@ template <class V>
 HWY_INLINE auto quotients(V colours, V wholes) {
   const hn::RepartitionToWide<hn::Twice<hn::DFromV<V>>> wide;
   const hn::Rebind<float, decltype(wide)> real;
-  const auto levels =
-      hn::Mul(hn::ConvertTo(real, hn::PromoteTo(wide, colours)), hn::Set(real, 255.0f));
-  const auto whole = hn::ConvertTo(real, hn::PromoteTo(wide, wholes));
+  const auto level =
+      hn::Div(hn::Mul(hn::ConvertTo(real, hn::PromoteTo(wide, colours)), hn::Set(real, 255.0f)),
+              hn::ConvertTo(real, hn::PromoteTo(wide, wholes)));
+  // Halves go up, as they do where nothing is transparent.
   return hn::DemoteTo(hn::Rebind<std::uint8_t, decltype(wide)>(),
-                      hn::NearestInt(hn::Div(levels, whole)));
+                      hn::ConvertTo(wide, hn::Add(level, hn::Set(real, 0.5f))));
 }
 
 HWY_INLINE void storeVector(const std::int16_t* samples, std::uint8_t* levels) {

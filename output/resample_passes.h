@@ -13,7 +13,7 @@
 // adds both. Pixel counts are rounded up to `pixelGroup`: rows of samples must have room for it.
 namespace tessarine {
 
-inline constexpr std::size_t pixelGroup = 16;
+inline constexpr std::size_t pixelGroup = 32;
 inline constexpr std::size_t channels = 4;
 
 // Two rows of a bitmap as one row of pairs, which takes eight samples a pixel.

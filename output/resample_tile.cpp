@@ -13,7 +13,7 @@ namespace {
 
 // Source rows that are read together, and columns of them that stay in the fastest cache.
 constexpr std::int64_t batchPairs = 8;
-constexpr std::size_t stripPixels = 64;
+constexpr std::size_t stripPixels = 256;
 static_assert(stripPixels % pixelGroup == 0);
 
 constexpr std::int64_t tilePixels = 2048;

@@ -1,0 +1,103 @@
+#include <gtest/gtest.h>
+#include <hwy/highway.h>
+
+#include <bit>
+#include <string>
+#include <tuple>
+
+#include "output/resampler.h"
+#include "tests/output/resampler_reference.h"
+
+namespace tessarine {
+namespace {
+
+using testing::Paint;
+
+struct Scaling {
+  const char* name;
+  PixelSize from;
+  PixelSize to;
+};
+
+// Few enough pixels for the double precision, many enough for a mean.
+constexpr Scaling scalings[] = {
+    {"Shrink", {100, 100}, {37, 61}},
+    {"ShrinkByWhole", {128, 128}, {32, 32}},
+    {"ShrinkALittle", {120, 120}, {119, 113}},
+    {"ShrinkMuch", {700, 700}, {32, 29}},
+    {"ShrinkVeryMuch", {1024, 1024}, {16, 16}},
+    {"ShrinkOddSides", {333, 777}, {20, 11}},
+    {"Squeeze", {400, 200}, {48, 48}},
+    {"Enlarge", {60, 64}, {130, 97}},
+    {"EnlargeByWhole", {32, 32}, {128, 128}},
+    {"EnlargeMuch", {16, 16}, {250, 310}},
+    {"WidenAndFlatten", {33, 77}, {120, 20}},
+    {"NarrowAndRaise", {77, 33}, {20, 120}},
+    {"WidthOnly", {90, 60}, {31, 60}},
+    {"HeightOnly", {60, 90}, {60, 31}},
+    {"SeveralTiles", {40, 6}, {5000, 3}},
+    {"SeveralSourceTiles", {5000, 6}, {1200, 9}},
+    {"Row", {600, 1}, {170, 40}},
+    {"Column", {1, 600}, {40, 170}},
+};
+
+struct Kind {
+  const char* name;
+  Paint (*paint)(PixelSize);
+};
+
+constexpr Kind kinds[] = {
+    {"Noise", [](PixelSize) { return testing::noise(); }},
+    {"OpaqueNoise", [](PixelSize) { return testing::opaqueNoise(); }},
+    {"Disc", testing::disc},
+};
+
+std::vector<std::int64_t> instructionSets() {
+  std::vector<std::int64_t> sets;
+  for (std::int64_t rest = HWY_TARGETS; rest != 0; rest &= rest - 1) sets.push_back(rest & -rest);
+  return sets;
+}
+
+class ResamplerOn : public ::testing::TestWithParam<std::tuple<std::int64_t, Scaling>> {
+ protected:
+  void SetUp() override {
+    const std::int64_t set = std::get<0>(GetParam());
+    if ((hwy::SupportedTargets() & set) == 0) GTEST_SKIP() << "not on this processor";
+    hwy::SetSupportedTargetsForTest(set);
+  }
+  void TearDown() override { hwy::SetSupportedTargetsForTest(0); }
+};
+
+// 60 dB are a difference of one level in every 15th value.
+TEST_P(ResamplerOn, IsNearTheDefinition) {
+  const Scaling& scaling = std::get<1>(GetParam());
+  for (const Kind& kind : kinds) {
+    const Picture source = testing::drawnPicture(scaling.from, kind.paint(scaling.from));
+    const auto result = resizedImage(source, scaling.to.width, scaling.to.height);
+    ASSERT_TRUE(result && result->bitmap);
+    const auto reference = testing::referencePixels(*source.bitmap, scaling.to);
+    EXPECT_GE(testing::decibels(*result->bitmap, reference), 60) << kind.name;
+  }
+}
+
+// A picture does not depend on the machine that made it.
+TEST_P(ResamplerOn, GivesTheSameBytesAsEveryOther) {
+  const Scaling& scaling = std::get<1>(GetParam());
+  const Picture source = testing::drawnPicture(scaling.from, testing::noise());
+  const auto here = resizedImage(source, scaling.to.width, scaling.to.height);
+  hwy::SetSupportedTargetsForTest(0);
+  const auto best = resizedImage(source, scaling.to.width, scaling.to.height);
+  ASSERT_TRUE(here && here->bitmap && best && best->bitmap);
+  EXPECT_TRUE(std::ranges::equal(here->bitmap->pixels(), best->bitmap->pixels()));
+}
+
+INSTANTIATE_TEST_SUITE_P(InstructionSets, ResamplerOn,
+                         ::testing::Combine(::testing::ValuesIn(instructionSets()),
+                                            ::testing::ValuesIn(scalings)),
+                         [](const auto& row) {
+                           return std::string(hwy::TargetName(std::get<0>(row.param))) + "_" +
+                                  std::get<1>(row.param).name;
+                         });
+
+}  // namespace
+}  // namespace tessarine

@@ -82,15 +82,14 @@ TEST(Taps, TakeThePixelItselfAtItsOwnSize) {
   }
 }
 
-// Keys' cubic half way between two pixels: -1/16, 9/16, 9/16, -1/16.
+// Keys' cubic at 5/3, 2/3, 1/3 and 4/3 of a pixel: -2/54, 18/54, 42/54 and -4/54.
 TEST(Taps, AreThoseOfCatmullRom) {
   Axis axis(20, 60);
   const auto weights = byPixel(axis, 30);
   const double part = weightSum / 54.0;
-  // A third of a pixel from the middle of pixel 10, at its left.
   EXPECT_NEAR(weights[8], -2 * part, 1);
-  EXPECT_NEAR(weights[9], 15 * part, 1);
-  EXPECT_NEAR(weights[10], 45 * part, 1);
+  EXPECT_NEAR(weights[9], 18 * part, 1);
+  EXPECT_NEAR(weights[10], 42 * part, 1);
   EXPECT_NEAR(weights[11], -4 * part, 1);
 }
 

@@ -1,4 +1,6 @@
 #include <QApplication>
+#include <QDir>
+#include <QIcon>
 #include <QSettings>
 
 #include "app/app_delegate.h"
@@ -22,6 +24,14 @@ void saveNothing() {
   QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
 }
 
+QIcon programIcon() {
+  QIcon icon;
+  for (const QString& size : QDir(QStringLiteral(":/icon")).entryList()) {
+    icon.addFile(QStringLiteral(":/icon/") + size);
+  }
+  return icon;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -34,6 +44,7 @@ int main(int argc, char** argv) {
   QApplication::setApplicationVersion(QStringLiteral(TESSARINE_VERSION));
   QApplication::setDesktopFileName(
       QString::fromUtf8(bundleIdentifier.data(), static_cast<qsizetype>(bundleIdentifier.size())));
+  QApplication::setWindowIcon(programIcon());
   const Theme theme(application);
 
   AppDelegate delegate;

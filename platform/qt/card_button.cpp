@@ -15,8 +15,8 @@ namespace {
 constexpr int ringSpace = 3;
 constexpr int padding = 13;
 constexpr int gap = 12;
-constexpr int badgeSide = 38;
-constexpr int glyphSide = 24;
+constexpr int badgeSide = 44;
+constexpr int glyphSide = 28;
 constexpr int lineGap = 2;
 constexpr int arrowSpace = 18;
 constexpr double radius = 10.0;
@@ -63,6 +63,12 @@ void CardButton::setSubtitle(const QString& subtitle) {
   update();
 }
 
+void CardButton::setStacked(bool stacked) {
+  stacked_ = stacked;
+  updateGeometry();
+  update();
+}
+
 void CardButton::setLeadsOn(bool leadsOn) {
   leadsOn_ = leadsOn;
   updateGeometry();
@@ -81,14 +87,20 @@ QFont CardButton::subtitleFont() const {
   return font;
 }
 
-QSize CardButton::sizeHint() const {
+QSize CardButton::textSize() const {
   const QFontMetrics title(titleFont());
   const QFontMetrics subtitle(subtitleFont());
-  const int textWidth = std::max(title.size(Qt::TextShowMnemonic, text()).width(),
-                                 subtitle.horizontalAdvance(subtitle_));
-  const int textHeight = title.height() + lineGap + subtitle.height();
-  return {2 * (ringSpace + padding) + badgeSide + gap + textWidth + (leadsOn_ ? arrowSpace : 2),
-          2 * (ringSpace + padding) + std::max(badgeSide, textHeight)};
+  return {std::max(title.size(Qt::TextShowMnemonic, text()).width(),
+                   subtitle.horizontalAdvance(subtitle_)),
+          title.height() + lineGap + subtitle.height()};
+}
+
+QSize CardButton::sizeHint() const {
+  const QSize texts = textSize() + QSize(leadsOn_ ? arrowSpace : 2, 0);
+  const QSize inside =
+      stacked_ ? QSize(std::max(badgeSide, texts.width()), badgeSide + gap + texts.height())
+               : QSize(badgeSide + gap + texts.width(), std::max(badgeSide, texts.height()));
+  return inside + QSize(2 * (ringSpace + padding), 2 * (ringSpace + padding));
 }
 
 void CardButton::paintCard(QPainter& painter, const QStyleOptionButton& option) const {
@@ -115,26 +127,32 @@ void CardButton::paintCard(QPainter& painter, const QStyleOptionButton& option) 
   }
 }
 
+void CardButton::paintBadge(QPainter& painter, const QStyleOptionButton& option,
+                            const QRect& place) const {
+  QColor ground = accentOf(option);
+  ground.setAlphaF(usable(option) ? 0.13F : 0.08F);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(ground);
+  painter.drawRoundedRect(place, radius - 1, radius - 1);
+  QRectF square(0, 0, glyphSide, glyphSide);
+  square.moveCenter(QRectF(place).center());
+  paintGlyph(painter, glyph_, square, accentOf(option));
+}
+
 void CardButton::paintTexts(QPainter& painter, const QStyleOptionButton& option,
                             const QRect& place) const {
-  const QFontMetrics title(titleFont());
-  const QFontMetrics subtitle(subtitleFont());
-  const int textHeight = title.height() + lineGap + subtitle.height();
-  QRect line(place.left(), place.center().y() - textHeight / 2 + 1, place.width(), title.height());
   const QColor strong = option.palette.color(QPalette::Active, QPalette::WindowText);
   const QColor soft = secondaryText(option.palette);
   const bool underlined = style()->styleHint(QStyle::SH_UnderlineShortcut, &option, this) != 0;
-  const int flags = Qt::AlignVCenter | Qt::TextSingleLine |
-                    (underlined ? Qt::TextShowMnemonic : Qt::TextHideMnemonic);
   painter.setFont(titleFont());
   painter.setPen(usable(option) ? strong : soft);
-  painter.drawText(QStyle::visualRect(layoutDirection(), rect(), line), flags, text());
-  line.moveTop(line.bottom() + 1 + lineGap);
-  line.setHeight(subtitle.height());
+  painter.drawText(place,
+                   Qt::AlignTop | Qt::AlignLeft | Qt::TextSingleLine |
+                       (underlined ? Qt::TextShowMnemonic : Qt::TextHideMnemonic),
+                   text());
   painter.setFont(subtitleFont());
   painter.setPen(soft);
-  painter.drawText(QStyle::visualRect(layoutDirection(), rect(), line),
-                   Qt::AlignVCenter | Qt::TextSingleLine, subtitle_);
+  painter.drawText(place, Qt::AlignBottom | Qt::AlignLeft | Qt::TextSingleLine, subtitle_);
 }
 
 void CardButton::paintEvent(QPaintEvent*) {
@@ -144,23 +162,27 @@ void CardButton::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   paintCard(painter, option);
 
-  const QRect inside = rect().adjusted(ringSpace + padding, 0, -ringSpace - padding, 0);
-  QRect badge(inside.left(), 0, badgeSide, badgeSide);
-  badge.moveCenter({badge.center().x(), rect().center().y()});
-  badge = QStyle::visualRect(layoutDirection(), rect(), badge);
-  QColor ground = accentOf(option);
-  ground.setAlphaF(usable(option) ? 0.13F : 0.08F);
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(ground);
-  painter.drawRoundedRect(badge, radius - 1, radius - 1);
-  QRectF square(0, 0, glyphSide, glyphSide);
-  square.moveCenter(QRectF(badge).center());
-  paintGlyph(painter, glyph_, square, accentOf(option));
-
-  const int arrow = leadsOn_ ? arrowSpace : 0;
-  paintTexts(painter, option, inside.adjusted(badgeSide + gap, 0, -arrow, 0));
+  const int edge = ringSpace + padding;
+  const QRect inside = rect().adjusted(edge, edge, -edge, -edge);
+  const int textHeight = textSize().height();
+  QRect badge(inside.topLeft(), QSize(badgeSide, badgeSide));
+  QRect texts(inside.left(), 0, inside.width(), textHeight);
+  if (stacked_) {
+    // Both are kept together in the middle of a card that is higher than they need.
+    badge.moveTop(inside.center().y() - (badgeSide + gap + textHeight) / 2 + 1);
+    texts.moveTop(badge.bottom() + 1 + gap);
+  } else {
+    badge.moveTop(inside.center().y() - badgeSide / 2 + 1);
+    texts.moveTop(inside.center().y() - textHeight / 2 + 1);
+    texts.setLeft(badge.right() + 1 + gap);
+  }
+  const auto mirrored = [this](const QRect& place) {
+    return QStyle::visualRect(layoutDirection(), rect(), place);
+  };
+  paintBadge(painter, option, mirrored(badge));
+  paintTexts(painter, option, mirrored(texts));
   if (leadsOn_) {
-    paintArrow(painter, QRect(inside.right() - arrow, 0, arrow, rect().height()),
+    paintArrow(painter, QRect(inside.right() - arrowSpace, 0, arrowSpace, rect().height()),
                secondaryText(option.palette));
   }
 }

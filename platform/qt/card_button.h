@@ -10,6 +10,7 @@ class CardButton final : public ActionButton {
   Q_OBJECT
   Q_PROPERTY(tessarine::Glyph glyph READ glyph WRITE setGlyph)
   Q_PROPERTY(QString subtitle READ subtitle WRITE setSubtitle)
+  Q_PROPERTY(bool stacked READ stacked WRITE setStacked)
   Q_PROPERTY(bool leadsOn READ leadsOn WRITE setLeadsOn)
 
  public:
@@ -19,6 +20,9 @@ class CardButton final : public ActionButton {
   void setGlyph(Glyph glyph);
   QString subtitle() const { return subtitle_; }
   void setSubtitle(const QString& subtitle);
+  // Whether the texts stand below the glyph and not beside it.
+  bool stacked() const { return stacked_; }
+  void setStacked(bool stacked);
   // Whether the button leads to another screen, which an arrow shows.
   bool leadsOn() const { return leadsOn_; }
   void setLeadsOn(bool leadsOn);
@@ -32,11 +36,14 @@ class CardButton final : public ActionButton {
  private:
   QFont titleFont() const;
   QFont subtitleFont() const;
+  QSize textSize() const;
   void paintCard(QPainter& painter, const QStyleOptionButton& option) const;
+  void paintBadge(QPainter& painter, const QStyleOptionButton& option, const QRect& place) const;
   void paintTexts(QPainter& painter, const QStyleOptionButton& option, const QRect& place) const;
 
   Glyph glyph_ = Glyph::none;
   QString subtitle_;
+  bool stacked_ = false;
   bool leadsOn_ = false;
 };
 

@@ -28,7 +28,8 @@ QColor frameColor(FrameColor role, const QPalette& palette) {
 }
 
 QColor secondaryText(const QPalette& palette) {
-  return blend(palette.color(QPalette::WindowText), palette.color(QPalette::Window), 0.32);
+  return blend(palette.color(QPalette::Active, QPalette::WindowText),
+               palette.color(QPalette::Active, QPalette::Window), 0.32);
 }
 
 QColor blend(const QColor& from, const QColor& to, double share) {

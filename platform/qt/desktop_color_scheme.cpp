@@ -1,8 +1,8 @@
 #include "platform/qt/desktop_color_scheme.h"
 
 #include <QDBusConnection>
-#include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
+#include <QDBusVariant>
 
 namespace tessarine {
 
@@ -14,15 +14,15 @@ const QString interface = QStringLiteral("org.freedesktop.portal.Settings");
 const QString appearance = QStringLiteral("org.freedesktop.appearance");
 const QString colorScheme = QStringLiteral("color-scheme");
 
+// Any other value asks for light colours or for nothing.
 constexpr uint prefersDark = 1;
-constexpr uint prefersLight = 2;
 
 }  // namespace
 
 DesktopColorScheme::DesktopColorScheme(QObject* parent) : QObject(parent) {
   auto bus = QDBusConnection::sessionBus();
   bus.connect(service, path, interface, QStringLiteral("SettingChanged"), this,
-              SLOT(settingChanged(QString, QString, QDBusVariant)));
+              SLOT(settingChanged(QDBusMessage)));
   auto call = QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("Read"));
   call << appearance << colorScheme;
   auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(call), this);
@@ -32,16 +32,17 @@ DesktopColorScheme::DesktopColorScheme(QObject* parent) : QObject(parent) {
   });
 }
 
-void DesktopColorScheme::settingChanged(const QString& space, const QString& key,
-                                        const QDBusVariant& value) {
-  if (space == appearance && key == colorScheme) tell(value.variant());
+void DesktopColorScheme::settingChanged(const QDBusMessage& message) {
+  const QVariantList arguments = message.arguments();
+  if (arguments.value(0) == appearance && arguments.value(1) == colorScheme) {
+    tell(arguments.value(2));
+  }
 }
 
 void DesktopColorScheme::tell(const QVariant& value) {
   QVariant plain = value;
   while (plain.canConvert<QDBusVariant>()) plain = plain.value<QDBusVariant>().variant();
-  const uint scheme = plain.toUInt();
-  if (scheme == prefersDark || scheme == prefersLight) emit told(scheme == prefersDark);
+  emit told(plain.toUInt() == prefersDark);
 }
 
 }  // namespace tessarine

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <QDBusVariant>
+#include <QDBusMessage>
 #include <QObject>
 
 namespace tessarine {
 
 // Whether the desktop asks for dark colours, and each change of it, as its settings portal tells.
-// Nothing is told where there is no portal or where the user has no preference.
+// Nothing is told where there is no portal.
 class DesktopColorScheme final : public QObject {
   Q_OBJECT
 
@@ -18,7 +18,7 @@ class DesktopColorScheme final : public QObject {
   void told(bool dark);
 
  private slots:
-  void settingChanged(const QString& space, const QString& key, const QDBusVariant& value);
+  void settingChanged(const QDBusMessage& message);
 
  private:
   void tell(const QVariant& value);

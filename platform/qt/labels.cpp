@@ -16,9 +16,10 @@ QFont headingFont() {
   return font;
 }
 
+// All other colours stay those of the application.
 QPalette notePalette() {
-  QPalette palette = QApplication::palette();
-  palette.setColor(QPalette::WindowText, secondaryText(palette));
+  QPalette palette;
+  palette.setColor(QPalette::WindowText, secondaryText(QApplication::palette()));
   return palette;
 }
 
@@ -39,7 +40,10 @@ NoteLabel::NoteLabel(QWidget* parent) : QLabel(parent) {
 
 void NoteLabel::changeEvent(QEvent* event) {
   QLabel::changeEvent(event);
-  if (event->type() == QEvent::ApplicationPaletteChange) setPalette(notePalette());
+  const QColor wanted = secondaryText(QApplication::palette());
+  if (event->type() == QEvent::PaletteChange && palette().color(QPalette::WindowText) != wanted) {
+    setPalette(notePalette());
+  }
 }
 
 }  // namespace tessarine

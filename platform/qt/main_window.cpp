@@ -9,6 +9,13 @@
 
 namespace tessarine {
 
+namespace {
+
+// In points.
+constexpr QSize startSize(880, 560);
+
+}  // namespace
+
 MainWindow::MainWindow(Screen* first, Screen* second) : screens_(new QStackedWidget(this)) {
   setWindowTitle(QApplication::applicationDisplayName());
   setCentralWidget(screens_);
@@ -22,6 +29,7 @@ MainWindow::MainWindow(Screen* first, Screen* second) : screens_(new QStackedWid
     connect(new QShortcut(key, second), &QShortcut::activated, second, &Screen::otherScreenWanted);
   }
   addMenus();
+  resize(startSize.expandedTo(sizeHint()));
 }
 
 void MainWindow::addMenus() {

@@ -61,7 +61,7 @@ void paintChecks(QPainter& painter, const QRectF& place, const QPalette& palette
 
 PictureWell::PictureWell(QWidget* parent) : QWidget(parent) {
   setMinimumSize(leastSide, leastSide);
-  describe(tr("Empty"));
+  describe(tr("No picture yet"));
 }
 
 void PictureWell::setWantsLayer(bool wanted) {
@@ -83,7 +83,8 @@ void PictureWell::setImage(const std::optional<Picture>& picture) {
       preview_ = scaler_(*picture, size.width, size.height);
     }
   }
-  describe(preview_ ? tr("%1 × %2 pixels").arg(points_.width).arg(points_.height) : tr("Empty"));
+  describe(preview_ ? tr("%1 × %2 pixels").arg(points_.width).arg(points_.height)
+                    : tr("No picture yet"));
   update();
 }
 

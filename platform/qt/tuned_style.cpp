@@ -4,6 +4,8 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QStyleOptionButton>
+#include <QStyleOptionMenuItem>
+#include <algorithm>
 
 #include "platform/qt/colors.h"
 
@@ -14,6 +16,7 @@ namespace {
 // Lengths in points.
 constexpr double radius = 7.0;
 constexpr int fieldHeight = 32;
+constexpr int fieldPadding = 7;
 constexpr int buttonHeight = 36;
 
 QRectF middleOfEdge(const QRect& rect, double width) {
@@ -61,6 +64,16 @@ void drawButton(QPainter& painter, const QStyleOptionButton& option) {
           main ? 0.0 : 1.0);
 }
 
+void drawMenuTitle(QPainter& painter, const QStyleOptionMenuItem& option) {
+  painter.fillRect(option.rect, option.palette.window());
+  if (option.state.testFlag(QStyle::State_Selected)) {
+    drawBox(painter, option.rect.adjusted(0, 2, 0, -2), edgeColor(option.palette, 0.1), {}, 0.0);
+  }
+  painter.setPen(option.palette.color(QPalette::WindowText));
+  painter.drawText(option.rect, Qt::AlignCenter | Qt::TextShowMnemonic | Qt::TextSingleLine,
+                   option.text);
+}
+
 }  // namespace
 
 void TunedStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
@@ -99,6 +112,11 @@ void TunedStyle::drawControl(ControlElement element, const QStyleOption* option,
       return QProxyStyle::drawControl(element, &label, painter, widget);
     }
   }
+  if (element == CE_MenuBarItem) {
+    if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option)) {
+      return drawMenuTitle(*painter, *item);
+    }
+  }
   // The line below the menus would cut the window in two.
   if (element == CE_MenuBarEmptyArea)
     return painter->fillRect(option->rect, option->palette.window());
@@ -109,6 +127,7 @@ QSize TunedStyle::sizeFromContents(ContentsType type, const QStyleOption* option
                                    const QSize& contents, const QWidget* widget) const {
   QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
   if (type == CT_LineEdit) size.setHeight(std::max(size.height(), fieldHeight));
+  if (type == CT_MenuBarItem) size += QSize(6, 8);
   if (type == CT_PushButton) {
     size.setHeight(std::max(size.height(), buttonHeight));
     size.rwidth() += 16;
@@ -116,9 +135,11 @@ QSize TunedStyle::sizeFromContents(ContentsType type, const QStyleOption* option
   return size;
 }
 
-void TunedStyle::polish(QWidget* widget) {
-  QProxyStyle::polish(widget);
-  if (qobject_cast<QLineEdit*>(widget) != nullptr) widget->setAttribute(Qt::WA_Hover);
+QRect TunedStyle::subElementRect(SubElement element, const QStyleOption* option,
+                                 const QWidget* widget) const {
+  const QRect place = QProxyStyle::subElementRect(element, option, widget);
+  if (element != SE_LineEditContents) return place;
+  return place.adjusted(fieldPadding, 0, -fieldPadding, 0);
 }
 
 }  // namespace tessarine

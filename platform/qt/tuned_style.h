@@ -17,8 +17,8 @@ class TunedStyle final : public QProxyStyle {
                    const QWidget* widget) const override;
   QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
                          const QWidget* widget) const override;
-  void polish(QWidget* widget) override;
-  using QProxyStyle::polish;
+  QRect subElementRect(SubElement element, const QStyleOption* option,
+                       const QWidget* widget) const override;
 };
 
 }  // namespace tessarine

@@ -47,9 +47,15 @@ def grab(window="root"):
     which = ["-root"] if window == "root" else ["-id", str(window)]
     dump = subprocess.run(["xwd", "-silent", *which], check=True, capture_output=True).stdout
     fields = struct.unpack(">25I", dump[:100])
-    header_size, width, height, stride, colors = fields[0], fields[4], fields[5], fields[12], fields[19]
+    header_size, width, height, bits, stride, colors = (fields[n] for n in (0, 4, 5, 11, 12, 19))
     start = header_size + 12 * colors
-    rows = [dump[start + y * stride : start + y * stride + 4 * width] for y in range(height)]
+    size = bits // 8
+    rows = []
+    for y in range(height):
+        line = dump[start + y * stride : start + y * stride + size * width]
+        row = bytearray(4 * width)
+        row[0::4], row[1::4], row[2::4] = line[0::size], line[1::size], line[2::size]
+        rows.append(bytes(row))
     return Pixels(width, height, rows)
 
 

@@ -48,6 +48,20 @@ bool namesAFile(const std::string& line, const Fault& fault, const fs::path& fol
   return !name.empty();
 }
 
+// How many files may fail by the calls that were disturbed.
+std::string countOf(std::size_t lines, const FaultedRun& run, const Fault& fault,
+                    const ExpectedIcons& expected) {
+  // Calls that were interrupted or fell short are continued.
+  const bool continued = fault.kind.code == "short" || fault.kind.code == std::to_string(EINTR);
+  // Without the folder, the first call of all, no file can be written.
+  const bool one = lines == 1 || lines == expected.whole.size();
+  const bool right = run.disturbed <= 0 ? lines == 0
+                     : fault.onward     ? continued || lines >= 1
+                     : continued        ? lines == 0
+                                        : one;
+  return right ? "" : std::to_string(lines) + " lines";
+}
+
 }  // namespace
 
 Files filesIn(const fs::path& folder) {
@@ -70,9 +84,9 @@ std::string faultIn(const FaultedRun& run, const Fault& fault, const ExpectedIco
     return "exit status " + std::to_string(run.outcome.status);
   }
   if (!run.outcome.error.empty()) return "on standard error: " + run.outcome.error;
-  // A call that was interrupted or fell short once is continued.
-  const bool continued = fault.kind.code == "short" || fault.kind.code == std::to_string(EINTR);
-  if (!told.empty() && continued && !fault.onward) return "a line for a call to be continued";
+  if (const std::string wrong = countOf(told.size(), run, fault, expected); !wrong.empty()) {
+    return wrong;
+  }
 
   const Files files = filesIn(folder);
   for (const auto& [name, contents] : expected.whole) {

@@ -16,6 +16,8 @@ namespace fs = std::filesystem;
 class FaultLoop {
  public:
   explicit FaultLoop(const Scenario& scenario) : scenario_(scenario) {
+    // Of one colour, so that a run costs little but its calls.
+    drawPNG(source_.picture(), 16, 16, [](int, int) { return Pixel{200, 30, 60, 255}; });
     // As its own kind, nothing is done to any call.
     const FaultedRun clean = runIn("clean", {{"none", ""}, 1});
     if (clean.outcome.status != 0) throw std::runtime_error("the run without faults fails");
@@ -94,7 +96,7 @@ class FaultLoop {
   }
 
   const Scenario& scenario_;
-  const SourcePicture source_{16, 16};
+  const SourcePicture source_;
   ExpectedIcons expected_;
   Tally tally_;
 };

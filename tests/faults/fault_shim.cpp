@@ -36,8 +36,9 @@ const int at = std::atoi(setting("FAULT_AT"));
 const bool onward = std::getenv("FAULT_ONWARD") != nullptr;
 int met = 0;
 int disturbed = 0;
-// The descriptors of the output.
-std::array<bool, 1024> ours{};
+// The descriptors of the output: folders, and files open for writing.
+enum class Kind : char { other, folder, file };
+std::array<Kind, 1024> kinds{};
 
 struct Report {
   ~Report() {
@@ -65,13 +66,14 @@ bool fails() {
   return true;
 }
 
-int noted(int descriptor) {
-  if (descriptor >= 0) ours.at(static_cast<std::size_t>(descriptor)) = true;
+int noted(int descriptor, int flags) {
+  const Kind kindOf = (flags & O_WRONLY) != 0 ? Kind::file : Kind::folder;
+  if (descriptor >= 0) kinds.at(static_cast<std::size_t>(descriptor)) = kindOf;
   return descriptor;
 }
 
-bool isOurs(int descriptor) {
-  return descriptor >= 0 && ours.at(static_cast<std::size_t>(descriptor));
+bool is(Kind kindOf, int descriptor) {
+  return descriptor >= 0 && kinds.at(static_cast<std::size_t>(descriptor)) == kindOf;
 }
 
 }  // namespace
@@ -87,7 +89,7 @@ int open(const char* path, int flags, ...) {
   // The folder of the grant is opened for its path alone.
   const bool isGrant = (flags & O_PATH) != 0 && (flags & O_DIRECTORY) != 0;
   if (!isGrant) return call(path, flags, mode);
-  return fails() ? -1 : noted(call(path, flags, mode));
+  return fails() ? -1 : noted(call(path, flags, mode), flags);
 }
 
 int openat(int folder, const char* path, int flags, ...) {
@@ -95,9 +97,9 @@ int openat(int folder, const char* path, int flags, ...) {
   va_start(arguments, flags);
   const auto mode = va_arg(arguments, unsigned);
   va_end(arguments);
-  if (isOurs(folder) && fails()) return -1;
+  if (is(Kind::folder, folder) && fails()) return -1;
   const int file = real<int(int, const char*, int, ...)>("openat")(folder, path, flags, mode);
-  return isOurs(folder) ? noted(file) : file;
+  return is(Kind::folder, folder) ? noted(file, flags) : file;
 }
 
 long syscall(long number, ...) {
@@ -108,12 +110,14 @@ long syscall(long number, ...) {
   va_end(arguments);
   if (number == SYS_openat2 && fails()) return -1;
   const long result = real<long(long, ...)>("syscall")(number, a[0], a[1], a[2], a[3], a[4], a[5]);
-  return number == SYS_openat2 ? noted(static_cast<int>(result)) : result;
+  if (number != SYS_openat2) return result;
+  const auto* how = reinterpret_cast<const open_how*>(a[2]);
+  return noted(static_cast<int>(result), static_cast<int>(how->flags));
 }
 
 ssize_t write(int file, const void* bytes, size_t count) {
   const auto call = real<ssize_t(int, const void*, size_t)>("write");
-  if (!isOurs(file)) return call(file, bytes, count);
+  if (!is(Kind::file, file)) return call(file, bytes, count);
   if (kind != "short" && kind != "tear") return fails() ? -1 : call(file, bytes, count);
   // A single byte cannot be cut in two.
   if (count < 2 || !isNext()) return call(file, bytes, count);
@@ -123,9 +127,9 @@ ssize_t write(int file, const void* bytes, size_t count) {
 }
 
 int close(int file) {
-  const bool wasOurs = isOurs(file);
-  if (wasOurs) ours.at(static_cast<std::size_t>(file)) = false;
-  const bool failed = wasOurs && fails();
+  // What closing a folder answers means nothing.
+  const bool failed = is(Kind::file, file) && fails();
+  if (!is(Kind::other, file) && file >= 0) kinds.at(static_cast<std::size_t>(file)) = Kind::other;
   const int error = errno;
   // The system closes the file also where it reports an error.
   const int result = real<int(int)>("close")(file);
@@ -135,17 +139,17 @@ int close(int file) {
 }
 
 int ftruncate(int file, off_t length) {
-  if (isOurs(file) && fails()) return -1;
+  if (is(Kind::file, file) && fails()) return -1;
   return real<int(int, off_t)>("ftruncate")(file, length);
 }
 
 int fchmod(int file, mode_t mode) {
-  if (isOurs(file) && fails()) return -1;
+  if (is(Kind::file, file) && fails()) return -1;
   return real<int(int, mode_t)>("fchmod")(file, mode);
 }
 
 int fsync(int file) {
-  if (isOurs(file) && fails()) return -1;
+  if (is(Kind::file, file) && fails()) return -1;
   return real<int(int)>("fsync")(file);
 }
 
@@ -157,11 +161,6 @@ int renameat(int fromFolder, const char* from, int toFolder, const char* to) {
 int unlinkat(int folder, const char* path, int flags) {
   if (fails()) return -1;
   return real<int(int, const char*, int)>("unlinkat")(folder, path, flags);
-}
-
-int mkdir(const char* path, mode_t mode) {
-  if (fails()) return -1;
-  return real<int(const char*, mode_t)>("mkdir")(path, mode);
 }
 
 }  // extern "C"

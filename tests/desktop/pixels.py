@@ -59,6 +59,39 @@ def grab(window="root"):
     return Pixels(width, height, rows)
 
 
+def read_png(path):
+    """A picture of 8-bit red, green, blue, with or without alpha."""
+    with open(path, "rb") as file:
+        data = file.read()
+    width, height, depth, kind = struct.unpack(">IIBB", data[16:26])
+    size = {2: 3, 6: 4}[kind]
+    packed, at = b"", 8
+    while at < len(data):
+        length, name = struct.unpack(">I4s", data[at : at + 8])
+        packed += data[at + 8 : at + 8 + length] if name == b"IDAT" else b""
+        at += length + 12
+    lines, before, rows = zlib.decompress(packed), bytes(width * size), []
+    for y in range(height):
+        start = y * (width * size + 1)
+        before = unfiltered(lines[start], lines[start + 1 : start + 1 + width * size], before, size)
+        row = bytearray(4 * width)
+        row[2::4], row[1::4], row[0::4] = before[0::size], before[1::size], before[2::size]
+        rows.append(bytes(row))
+    return Pixels(width, height, rows)
+
+
+def unfiltered(kind, line, before, size):
+    """A line of a PNG file; `before` is the one above it."""
+    out = bytearray(line)
+    for at in range(len(out)):
+        left, above = out[at - size] if at >= size else 0, before[at]
+        corner = before[at - size] if at >= size else 0
+        near = left + above - corner
+        paeth = min((left, above, corner), key=lambda value: abs(near - value))
+        out[at] = (out[at] + (0, left, above, (left + above) // 2, paeth)[kind]) & 255
+    return bytes(out)
+
+
 def plain_png(path, width, height, color):
     """Writes a picture of one colour."""
     blue, green, red = reversed(color)

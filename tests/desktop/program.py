@@ -1,6 +1,7 @@
 """The program under test, seen as an assistive tool sees it."""
 
 import os
+import tempfile
 
 import gi
 
@@ -8,21 +9,24 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
 from pixels import grab  # noqa: E402
-from pointer import click, window_of  # noqa: E402
+from pointer import click, window_of, xdotool  # noqa: E402
 from session import wait_for  # noqa: E402
 
 FRAME = ((0x4A, 0x57, 0xC8), (0x60, 0x70, 0xE0))  # in light and in dark colours
 
 
 class Program:
-    """Started anew in the session."""
+    """Started anew, with an empty home, right of the place for a file manager."""
 
     def __init__(self, session, executable, scale=1):
         self.scale = scale
-        os.environ["QT_SCALE_FACTOR"] = str(scale)
+        self.home = tempfile.mkdtemp(dir=session.folder)
         self.output = os.path.join(session.folder, "output")
-        self.process = session.start(executable, output=self.output, cwd=session.home)
-        self.window = wait_for(lambda: window_of("^Tessarine$"), "the program's window")
+        environment = {**os.environ, "HOME": self.home, "QT_SCALE_FACTOR": str(scale)}
+        self.process = session.start(executable, output=self.output, cwd=self.home, env=environment)
+        if session.has_pointer:
+            self.window = wait_for(lambda: window_of("^Tessarine$"), "the program's window")
+            xdotool("windowmove", "--sync", self.window, 470, 40)
         self.root = wait_for(self._find_root, "the program's accessible tree")
 
     def _find_root(self):
@@ -68,6 +72,13 @@ class Program:
         node = self.get(name, Atspi.Role.PUSH_BUTTON)
         return node.get_state_set().contains(Atspi.StateType.SENSITIVE)
 
+    def focused(self):
+        """The name of the object that has the keyboard, or none."""
+        for node in self.all():
+            if node.get_state_set().contains(Atspi.StateType.FOCUSED):
+                return node.get_name()
+        return None
+
     def box(self, name, role=None):
         """x, y, width, height on the screen."""
         extents = self.get(name, role).get_extents(Atspi.CoordType.SCREEN)
@@ -83,6 +94,14 @@ class Program:
         wait_for(lambda: self.enabled(name), name + " to be enabled")
         click(*self.middle(name, Atspi.Role.PUSH_BUTTON))
 
+    def press_from_within(self, name):
+        """Without a pointer."""
+        node = self.get(name, Atspi.Role.PUSH_BUTTON)
+        for action in range(node.get_n_actions()):
+            if node.get_action_name(action) == "Press":
+                return node.do_action(action)
+        raise AssertionError(name + " cannot be pressed")
+
     def framed(self):
         """Whether the frame of an acceptable drag stands around the screen."""
         picture = grab(self.window)
@@ -92,3 +111,13 @@ class Program:
     def printed(self):
         with open(self.output) as file:
             return file.read().splitlines()
+
+    def left_behind(self):
+        """Everything in the home folder that was empty at the start."""
+        return [os.path.join(folder, name) for folder, folders, files in os.walk(self.home)
+                for name in folders + files]
+
+    def ended(self):
+        """The exit status, once there is one; minus the signal's number where one was the cause."""
+        wait_for(lambda: self.process.poll() is not None, "the program's end")
+        return self.process.returncode

@@ -1,10 +1,14 @@
-"""Pictures of the program's window: screenshots.py PROGRAM FOLDER"""
+"""Pictures of the program's window: screenshots.py PROGRAM FOLDER [NAME ...]"""
 
 import os
 import shutil
 import sys
 import time
 
+from file_manager import FileManager
+from pixels import grab
+from pointer import Drag, click, move, press_key, type_text
+from services import Services
 from session import Session, wait_for
 
 executable, folder = os.path.abspath(sys.argv[1]), sys.argv[2]
@@ -26,13 +30,8 @@ def settled(grab_again):
 
 def take(name, scale, scheme, steps):
     """One picture of a new program in a new session, after the steps."""
-    from_edge = 40
     with Session(size=f"{470 + 930 * scale}x{700 * scale}") as session:
-        from file_manager import FileManager
-        from pixels import grab
-        from pointer import xdotool
-        from program import Program
-        from services import Services
+        from program import Program  # which looks for the session at once
 
         services = Services()
         services.color_scheme = scheme
@@ -41,7 +40,6 @@ def take(name, scale, scheme, steps):
         shutil.copy(icon, pictures)
         manager = FileManager(session, pictures)
         program = Program(session, executable, scale)
-        xdotool("windowmove", "--sync", program.window, 470, from_edge)
         steps(program, manager)
         settled(lambda: grab(program.window)).write_png(os.path.join(folder, name + ".png"))
 
@@ -51,47 +49,32 @@ def empty(program, manager):
 
 
 def hover(program, manager):
-    from pointer import Drag
-
     drag = Drag(manager.place_of(tile_color))
     drag.over(program.middle("Picture"))
     wait_for(program.framed, "the frame")
+    return drag
 
 
 def filled(program, manager):
-    from pointer import Drag, move
-
-    drag = Drag(manager.place_of(tile_color))
-    drag.over(program.middle("Picture"))
-    wait_for(program.framed, "the frame")
-    drag.drop()
+    hover(program, manager).drop()
     wait_for(lambda: program.find("256 × 256 pixels"), "the dropped picture")
     move(5, 5)
 
 
 def pointed_at(program, manager):
-    from pointer import move
-
     filled(program, manager)
     move(*program.middle("iOS"))
 
 
 def custom(program, manager):
-    from pointer import press_key
-
     press_key("alt+c")
     program.get("File name 1")
 
 
 def custom_filled(program, manager):
-    from pointer import press_key, type_text
-
     custom(program, manager)
     filled(program, manager)
-    x, y = program.middle("File name 1")
-    from pointer import click
-
-    click(x, y)
+    click(*program.middle("File name 1"))
     for name, width, height in (("Banner", "1600", "400"), ("Store", "512", "512")):
         for text in (name, width, height):
             type_text(text)
@@ -112,7 +95,7 @@ shots = {
     "main-200": (2, light, filled),
     "custom-200": (2, dark, custom_filled),
 }
-if len(sys.argv) > 4 - 1:
+if sys.argv[3:]:  # only those named
     shots = {name: shots[name] for name in sys.argv[3:]}
 for name, (scale, scheme, steps) in shots.items():
     if os.fork() == 0:  # each desktop wants connections of its own

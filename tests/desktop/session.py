@@ -23,11 +23,12 @@ def wait_for(condition, what):
 
 
 class Session:
-    """Started by `with`; everything that it has started ends with it."""
+    """An X server. Started by `with`; everything that it has started ends with it."""
 
-    def __init__(self, size="1400x900", window_manager=True):
+    has_pointer = True
+
+    def __init__(self, size="1400x900"):
         self.size = size
-        self.window_manager = window_manager
         self.processes = []
 
     def __enter__(self):
@@ -63,8 +64,8 @@ class Session:
 
     def start(self, *command, output=None, **options):
         """A program whose output goes to the file, or nowhere."""
-        stream = open(output, "wb") if output else subprocess.DEVNULL
-        process = subprocess.Popen(command, stdout=stream, stderr=subprocess.STDOUT, **options)
+        with open(output or os.devnull, "wb") as stream:
+            process = subprocess.Popen(command, stdout=stream, stderr=subprocess.STDOUT, **options)
         self.processes.append(process)
         return process
 
@@ -76,17 +77,41 @@ class Session:
 
     def _start_display(self):
         log = os.path.join(self.folder, "display")
-        stream = open(log, "w")
-        server = subprocess.Popen(
-            ["Xvfb", "-displayfd", "1", "-screen", "0", self.size + "x24", "-nolisten", "tcp"],
-            stdout=stream, stderr=subprocess.DEVNULL)
-        self.processes.append(server)
-        number = wait_for(lambda: re.match(r"\d+\n", open(log).read()), "the X server")
-        os.environ["DISPLAY"] = ":" + number.group().strip()
-        if self.window_manager:
-            self.start("openbox")
-            wait_for(lambda: "window id" in output_of("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
-                     "the window manager")
+        self.start("Xvfb", "-displayfd", "1", "-screen", "0", self.size + "x24", "-nolisten", "tcp",
+                   output=log)
+        number = wait_for(lambda: re.search(r"^\d+$(?=\n)", text_of(log), re.MULTILINE), "the X server")
+        os.environ["DISPLAY"] = ":" + number.group()
+        self.start("openbox")
+        wait_for(lambda: "window id" in output_of("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
+                 "the window manager")
+
+
+class WaylandSession(Session):
+    """A compositor without a screen, which has no pointer either."""
+
+    has_pointer = False
+
+    def _start_display(self):
+        name = "tessarine"
+        width, height = self.size.split("x")
+        # The debugging protocol is the one that pictures of the screen are taken by.
+        self.start("weston", "--backend=headless-backend.so", "--use-pixman", "--debug",
+                   f"--width={width}", f"--height={height}", f"--socket={name}", "--idle-time=0")
+        wait_for(lambda: os.path.exists(os.path.join(os.environ["XDG_RUNTIME_DIR"], name)),
+                 "the compositor")
+        os.environ.pop("DISPLAY", None)
+        os.environ.update(WAYLAND_DISPLAY=name, QT_QPA_PLATFORM="wayland")
+
+    def picture(self):
+        """A PNG file of the whole screen."""
+        folder = tempfile.mkdtemp(dir=self.folder)
+        subprocess.run(["weston-screenshooter"], cwd=folder, check=True, capture_output=True)
+        return os.path.join(folder, os.listdir(folder)[0])
+
+
+def text_of(path):
+    with open(path) as file:
+        return file.read()
 
 
 def output_of(*command):

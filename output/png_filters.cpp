@@ -113,7 +113,7 @@ void filterRows(const Bitmap& bitmap, std::span<std::uint8_t> filtered) {
     std::uint64_t bestSum = ~std::uint64_t{0};
     for (std::uint8_t type = 0; type < std::size(filters); ++type) {
       const std::uint64_t sum = filters[type](row, out + 1);
-      if (sum > bestSum) continue;
+      if (sum >= bestSum) continue;
       best = type;
       bestSum = sum;
     }

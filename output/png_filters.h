@@ -16,7 +16,7 @@ enum class PNGFilter : std::uint8_t { none, sub, up, average, paeth };
 std::size_t filteredByteCount(PixelSize size) noexcept;
 
 // Filters every row by the filter whose results, as signed bytes, have the least sum of absolute
-// values; of equals the one that comes last in `PNGFilter`. `filtered` must hold exactly
+// values; of equals the first in `PNGFilter`. `filtered` must hold exactly
 // `filteredByteCount` bytes.
 void filterRows(const Bitmap& bitmap, std::span<std::uint8_t> filtered);
 

@@ -85,7 +85,7 @@ void expectLeastSums(const Bitmap& bitmap) {
     ASSERT_TRUE(std::equal(expected.begin(), expected.end(), row + 1)) << "row " << y;
     for (const PNGFilter other : allFilters) {
       const std::int64_t sum = sumOfMagnitudes(filteredRow(bitmap, y, other));
-      if (other > chosen) {
+      if (other < chosen) {
         EXPECT_LT(sumOfMagnitudes(expected), sum) << "row " << y;
       } else {
         EXPECT_LE(sumOfMagnitudes(expected), sum) << "row " << y;

@@ -1,0 +1,120 @@
+"""Runs every measurement, interleaved, and writes results.json and docs/performance.md.
+
+Runs in the benchmark's build folder; see scripts/bench."""
+
+import argparse
+import json
+import os
+import statistics
+
+import machine
+import report
+from tools import PROGRAMS, TOOLS, bytes_of, folder_of, output_of, run
+
+SOURCES = ["icon1024", "icon64", "photo4096"]
+REFERENCE_SIDES = [16, 29, 48, 87, 180, 512, 1024]
+GROWTH_SOURCES = [1, 4, 16, 64]
+GROWTH_SIDES = [16, 64, 256, 1024, 2048, 4096, 8192]
+TESSARINE = TOOLS[0]
+
+
+def write_rows(path, rows):
+    with open(path, "w") as file:
+        file.writelines(f"{name}\t{width}\t{height}\n" for name, width, height in rows)
+    return path
+
+
+def medians(runs):
+    return {key: statistics.median(one[key] for one in runs) for key in runs[0]}
+
+
+def hold(source):
+    tiff = f"sources/{source}.tif"
+    if not os.path.exists(tiff):
+        output_of(f"{PROGRAMS}/hold", f"sources/{source}.png", tiff)
+    return tiff
+
+
+def whole_runs(source, rows, repetitions):
+    """Every tool in turn, again and again, so that a busy moment of the machine meets them all."""
+    runs = {tool.name: [] for tool in TOOLS}
+    for repetition in range(repetitions):
+        for tool in TOOLS:
+            print(f"{source}: {repetition + 1} of {repetitions}: {tool.name}", flush=True)
+            runs[tool.name].append(run(tool, rows, hold(source), folder_of(tool)))
+    return {
+        tool.name: medians(runs[tool.name]) | {"bytes": bytes_of(folder_of(tool))} for tool in TOOLS
+    }
+
+
+def quality(source):
+    """The least distance to the reference of each tool's kernel, in decibels."""
+    rows = write_rows("reference.tsv", [(f"r/{side}", side, side) for side in REFERENCE_SIDES])
+    result = {}
+    for tool in TOOLS:
+        folder = folder_of(tool) + "-reference"
+        run(tool, rows, hold(source), folder)
+        answer = output_of(f"{PROGRAMS}/quality", "reference", rows, hold(source), folder, *tool.kernels)
+        result[tool.name] = float(answer.split()[0])
+    return result
+
+
+def probes():
+    """Overshoot in percent, ring pixels and shift in pixels, of each tool."""
+    output_of(f"{PROGRAMS}/quality", "draw", "sources")
+    result = {}
+    for tool in TOOLS:
+        folder = folder_of(tool) + "-probes"
+        for probe, side in (("edge", 48), ("disc", 48), ("blob", 512)):
+            rows = write_rows("probe.tsv", [(f"{probe}/{side}", side, side)])
+            run(tool, rows, f"sources/{probe}.tif", folder)
+        result[tool.name] = output_of(f"{PROGRAMS}/quality", "probes", folder).split()
+    return result
+
+
+def phases(source, rows, repetitions):
+    os.makedirs("out/phases", exist_ok=True)
+    text = output_of(
+        f"{PROGRAMS}/phases", rows, hold(source), "out/phases", "--benchmark_format=json",
+        f"--benchmark_repetitions={repetitions}", "--benchmark_min_time=0.05",
+        "--benchmark_enable_random_interleaving=true", "--benchmark_report_aggregates_only=true")
+    return {
+        one["run_name"]: {"processor": one["cpu_time"], "bytes": one.get("bytes")}
+        for one in json.loads(text)["benchmarks"] if one["aggregate_name"] == "median"
+    }
+
+
+def growth(rows, repetitions):
+    def measured(rows_path, source):
+        folder = "out/growth"
+        return medians([run(TESSARINE, rows_path, source, folder) for _ in range(repetitions)])
+
+    by_source = {size: measured(rows, hold(f"growth{size}")) for size in GROWTH_SOURCES}
+    by_side = {}
+    for side in GROWTH_SIDES:
+        one = write_rows("growth.tsv", [(f"g/{side}", side, side)])
+        by_side[side] = measured(one, hold("icon1024"))
+    return {"source": by_source, "side": by_side}
+
+
+def main():
+    arguments = argparse.ArgumentParser()
+    arguments.add_argument("--repetitions", type=int, default=7)
+    repetitions = arguments.parse_args().repetitions
+
+    rows = "rows.tsv"
+    with open(rows, "w") as file:
+        file.write(output_of(f"{PROGRAMS}/list_files"))
+    results = {"machine": machine.description(), "repetitions": repetitions}
+    results["sources"] = {source: whole_runs(source, rows, repetitions) for source in SOURCES}
+    results["phases"] = {source: phases(source, rows, repetitions) for source in SOURCES}
+    results["quality"] = {source: quality(source) for source in SOURCES}
+    results["probes"] = probes()
+    results["growth"] = growth(rows, repetitions)
+    with open("results.json", "w") as file:
+        json.dump(results, file, indent=1)
+    report.write("results.json")
+
+
+if __name__ == "__main__":
+    main()

@@ -1,5 +1,6 @@
 #include "custom/custom_icon_generator.h"
 
+#include <cstdint>
 #include <string>
 
 #include "custom/text.h"

@@ -30,7 +30,7 @@ void DropTarget::awakeFromNib() {
   imageView_->setWantsLayer(true);
   if (Layer* layer = imageView_->layer()) layer->setBorderWidth(wellFrameWidth);
   if (Layer* layer = imageView_->layer()) layer->setBorderColor(FrameColor::lightGray);
-  view_.registerForDraggedTypes(acceptedFileExtensions_);
+  view_.registerForDraggedTypes(acceptedFileExtensions);
   for (Outlet<Button>* button : generationButtons_) (*button)->setEnabled(false);
 }
 

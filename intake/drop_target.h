@@ -1,14 +1,15 @@
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "intake/icon_info.h"
 #include "platform/controls.h"
 #include "platform/dragging.h"
 #include "platform/outlet.h"
+#include "platform/pasteboard.h"
 #include "platform/pictures.h"
 
 namespace tessarine {
@@ -17,6 +18,9 @@ namespace tessarine {
 // buttons that start generation. The screens differ by their list of buttons alone.
 class DropTarget final : public DraggingDestination {
  public:
+  // The pasteboard types for which the view registers; file-name extensions play no part.
+  static constexpr std::array acceptedFileExtensions{pasteboardTypeTIFF, pasteboardTypeFileURL};
+
   // `view`, the outlets behind `imageView` and `generationButtons`, and `pictures` must outlive
   // the target. The buttons are disabled and enabled in the order of the list.
   DropTarget(Pictures& pictures, DropView& view, Outlet<ImageView>& imageView,
@@ -34,10 +38,6 @@ class DropTarget final : public DraggingDestination {
   const IconInfo& iconInfo() const { return iconInfo_; }
   // The path of the last file that was dropped, whether or not it was a picture.
   const std::optional<std::string>& draggedIconPath() const { return draggedIconPath_; }
-  // The pasteboard types for which the view registers; file-name extensions play no part.
-  const std::vector<std::string_view>& acceptedFileExtensions() const {
-    return acceptedFileExtensions_;
-  }
 
  private:
   ReadingOptions pasteboardReadingOptions();
@@ -51,7 +51,6 @@ class DropTarget final : public DraggingDestination {
   Outlet<ImageView>& imageView_;
   std::vector<Outlet<Button>*> generationButtons_;
   IconInfo iconInfo_;
-  std::vector<std::string_view> acceptedFileExtensions_{pasteboardTypeTIFF, pasteboardTypeFileURL};
   std::optional<std::string> draggedIconPath_;
 };
 

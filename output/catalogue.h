@@ -24,9 +24,12 @@ constexpr void layOut(const CatalogueEntry& entry, const auto& write) {
   std::string_view separator;
   const auto member = [&](std::string_view key, std::string_view value) {
     if (value.empty()) return;
-    for (const std::string_view part : {separator, {"      \""}, key, {"\" : \""}, value, {"\""}}) {
-      write(part);
-    }
+    write(separator);
+    write("      \"");
+    write(key);
+    write("\" : \"");
+    write(value);
+    write("\"");
     separator = ",\n";
   };
   member("filename", entry.filename);

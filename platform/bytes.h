@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <utility>
 
 namespace tessarine {
 
@@ -15,6 +16,15 @@ class MemoryBlock {
  public:
   // `size` zeroed bytes, or nothing when the system does not give them.
   static std::optional<MemoryBlock> allocate(std::size_t size) noexcept;
+
+  // A block that has been moved from is empty.
+  MemoryBlock(MemoryBlock&& other) noexcept
+      : memory_(std::move(other.memory_)), size_(std::exchange(other.size_, 0)) {}
+  MemoryBlock& operator=(MemoryBlock&& other) noexcept {
+    memory_ = std::move(other.memory_);
+    size_ = std::exchange(other.size_, 0);
+    return *this;
+  }
 
   std::span<std::uint8_t> bytes() noexcept { return {memory_.get(), size_}; }
   std::span<const std::uint8_t> bytes() const noexcept { return {memory_.get(), size_}; }
@@ -30,6 +40,8 @@ class MemoryBlock {
 };
 
 // Bytes that never change and are shared: a copy refers to the same memory and keeps it alive.
+// Making one from a block throws std::bad_alloc when not even its few bytes of bookkeeping are
+// given.
 class ByteBuffer {
  public:
   explicit ByteBuffer(MemoryBlock block);

@@ -59,9 +59,9 @@ class DraggingInfo {
   virtual DestinationWindow* draggingDestinationWindow() = 0;
 };
 
-// What a drop view hands its drags to: `draggingEntered`, then either `draggingExited`, or the drop.
-// The answer to `draggingEntered` stands for the whole drag. A drop is performed, concluded when it
-// was performed, and ended in any case.
+// What a drop view hands its drags to: `draggingEntered`, then either `draggingExited`, or the
+// drop. The answer to `draggingEntered` stands for the whole drag. A drop is performed, concluded
+// when it was performed, and ended in any case.
 class DraggingDestination {
  public:
   virtual ~DraggingDestination() = default;

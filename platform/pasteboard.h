@@ -14,6 +14,7 @@ class PasteboardItem {
  public:
   virtual ~PasteboardItem() = default;
 
+  // Copies the data, which is valid during the call only.
   virtual void setData(std::span<const std::uint8_t> data, std::string_view type) = 0;
 };
 

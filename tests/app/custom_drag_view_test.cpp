@@ -18,7 +18,7 @@ class CustomDragViewTest : public ::testing::Test {
     customDragView.outlets.btnCustom.connect(button);
     customDragView.outlets.form = fields.form;
     host.pictures.files["/icon.png"] = testing::plainPicture({4, 4});
-    host.pictures.decoded = testing::plainPicture({4, 4});
+    host.pictures.decodable["tiff of 4x4"] = testing::plainPicture({4, 4});
   }
 
   testing::RecordingPlatform host;

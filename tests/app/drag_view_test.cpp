@@ -22,7 +22,7 @@ class DragViewTest : public ::testing::Test {
     dragView.outlets.btnAppleWatch.connect(appleWatch);
     dragView.outlets.btnWindows10.connect(windows10);
     host.pictures.files["/icon.png"] = testing::plainPicture({4, 4});
-    host.pictures.decoded = testing::plainPicture({4, 4});
+    host.pictures.decodable["tiff of 4x4"] = testing::plainPicture({4, 4});
   }
 
   void drop() {
@@ -31,7 +31,7 @@ class DragViewTest : public ::testing::Test {
     journal.clear();
   }
 
-  // The names of the written PNG files, in order, and whether a catalogue followed.
+  // The names of the written PNG files, in order.
   std::vector<std::string> namesWritten() const {
     std::vector<std::string> names;
     for (const std::string& line : journal) {

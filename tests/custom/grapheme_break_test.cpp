@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <unicode/uchar.h>
 
 #include <fstream>
 #include <sstream>
@@ -33,7 +34,14 @@ TEST(GraphemeBreaks, AreThoseOfTheUnicodeConsortium) {
   std::ifstream file("/usr/share/unicode/auxiliary/GraphemeBreakTest.txt");
   ASSERT_TRUE(file.is_open()) << "the package unicode-data is missing";
   int cases = 0;
-  for (std::string line; std::getline(file, line);) {
+  std::string line;
+  std::getline(file, line);
+  // Cases of a newer Unicode would judge our library by rules that it cannot know yet.
+  UVersionInfo known{};
+  u_getUnicodeVersion(known);
+  const int major = std::stoi(line.substr(line.find_first_of("0123456789")));
+  if (major > known[0]) GTEST_SKIP() << line << " is newer than the library's Unicode";
+  while (std::getline(file, line)) {
     line = line.substr(0, line.find('#'));
     std::istringstream marks(line);
     std::string text;

@@ -31,7 +31,7 @@ class EverySet : public ::testing::TestWithParam<SetCase> {
  protected:
   EverySet() {
     iconInfo.imageData = testing::bytesOf("held");
-    host.pictures.decoded = testing::plainPicture({100, 50});
+    host.pictures.decodable["held"] = testing::plainPicture({100, 50});
   }
 
   // What a run calls, in order, when it writes below `folder`.
@@ -42,7 +42,7 @@ class EverySet : public ::testing::TestWithParam<SetCase> {
       if (writesFail) journal.push_back("print error saving: " + path + ": refused");
     };
     for (const std::string_view name : set.names) {
-      journal.push_back("decode");
+      journal.push_back("decode held");
       const std::string path = folder + "/" + std::string(name) + ".png";
       write("write " + path + " " + sizeText(set, name), path);
     }
@@ -99,13 +99,14 @@ TEST_P(EverySet, ReplacesTheSameFilesInASecondRun) {
 TEST_P(EverySet, UsesThePictureHeldAtTheMoment) {
   generateIconSet(host.platform, iconInfo, set);
   const auto before = host.files.written;
-  host.pictures.decoded = testing::plainPicture({8, 8}, {200, 100, 50, 255});
+  host.pictures.decodable["other"] = testing::plainPicture({8, 8}, {200, 100, 50, 255});
+  iconInfo.imageData = testing::bytesOf("other");
   generateIconSet(host.platform, iconInfo, set);
   EXPECT_NE(host.files.written, before);
 }
 
 TEST_P(EverySet, SkipsSilentlyAPictureThatCannotBeWritten) {
-  host.pictures.decoded = Picture{{10, 10}, std::nullopt};
+  host.pictures.decodable["held"] = Picture{{10, 10}, std::nullopt};
   const std::array<std::string_view, 1> names{"unscaled"};
   generateIconSet(host.platform, iconInfo, {names, {}, set.contentsJSON});
   EXPECT_FALSE(host.files.written.contains("/picked/unscaled.png"));
@@ -121,25 +122,25 @@ TEST_P(EverySetDeathTest, StopsSilentlyWithoutAPicture) {
 }
 
 TEST_P(EverySetDeathTest, StopsSilentlyOnBytesThatDoNotDecode) {
-  host.pictures.decoded.reset();
+  host.pictures.decodable.clear();
   EXPECT_EXIT(generateIconSet(host.platform, iconInfo, set), ::testing::KilledBySignal(SIGABRT),
               StrEq(""));
 }
 
-INSTANTIATE_TEST_SUITE_P(Sets, EverySet,
-                         ::testing::Values(SetCase{"iOS", iOSIconSet},
-                                           SetCase{"macOS", macOSIconSet},
-                                           SetCase{"AppleWatch", appleWatchIconSet},
-                                           SetCase{"Windows10", windows10IconSet}),
-                         [](const auto& row) { return std::string(row.param.name); });
-INSTANTIATE_TEST_SUITE_P(Sets, EverySetDeathTest,
-                         ::testing::Values(SetCase{"iOS", iOSIconSet},
-                                           SetCase{"Windows10", windows10IconSet}),
-                         [](const auto& row) { return std::string(row.param.name); });
+const auto sets = ::testing::Values(SetCase{"iOS", iOSIconSet}, SetCase{"macOS", macOSIconSet},
+                                    SetCase{"AppleWatch", appleWatchIconSet},
+                                    SetCase{"Windows10", windows10IconSet});
+
+std::string nameOf(const ::testing::TestParamInfo<SetCase>& row) {
+  return row.param.name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Sets, EverySet, sets, nameOf);
+INSTANTIATE_TEST_SUITE_P(Sets, EverySetDeathTest, sets, nameOf);
 
 TEST(IconSetGenerator, WritesANameWithoutASizeAtThePicturesOwnSize) {
   testing::RecordingPlatform host;
-  host.pictures.decoded = testing::plainPicture({31, 17});
+  host.pictures.decodable["held"] = testing::plainPicture({31, 17});
   IconInfo iconInfo;
   iconInfo.imageData = testing::bytesOf("held");
   const std::array<std::string_view, 2> names{"sized", "unsized"};

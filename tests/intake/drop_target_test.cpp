@@ -23,7 +23,7 @@ class DropTargetTest : public ::testing::Test {
     host.pictures.files["/one.png"] = testing::plainPicture({1, 1});
     host.pictures.files["/two.png"] = testing::plainPicture({2, 2});
     host.pictures.files["/empty.png"] = Picture{{3, 3}, std::nullopt};
-    host.pictures.decoded = testing::plainPicture({9, 9});
+    host.pictures.decodable["tiff of 1x1"] = testing::plainPicture({9, 9});
   }
 
   // Performs a drop of the items and answers with what it said.
@@ -54,7 +54,7 @@ class DropTargetTest : public ::testing::Test {
 TEST_F(DropTargetTest, StartsEmpty) {
   EXPECT_EQ(held(), "nothing");
   EXPECT_EQ(target.draggedIconPath(), std::nullopt);
-  EXPECT_THAT(target.acceptedFileExtensions(),
+  EXPECT_THAT(DropTarget::acceptedFileExtensions,
               ElementsAre(pasteboardTypeTIFF, pasteboardTypeFileURL));
   EXPECT_THAT(journal, IsEmpty());
 }
@@ -197,12 +197,12 @@ TEST_F(DropTargetTest, ShowsWhatIsHeldAfterTheDrop) {
   drop({FileItem{"/one.png"}});
   journal.clear();
   target.concludeDragOperation(drag);
-  EXPECT_THAT(journal, ElementsAre("decode", "well shows 9x9"));
+  EXPECT_THAT(journal, ElementsAre("decode tiff of 1x1", "well shows 9x9"));
 }
 
 TEST_F(DropTargetTest, ShowsNothingWhenTheHeldBytesDoNotDecode) {
   drop({FileItem{"/one.png"}});
-  host.pictures.decoded.reset();
+  host.pictures.decodable.clear();
   target.concludeDragOperation(drag);
   EXPECT_EQ(journal.back(), "well shows nothing");
 }

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <map>
+#include <stdexcept>
 
 #include "tests/support/recording_platform.h"
 
@@ -46,11 +47,11 @@ TEST(IconInfo, StartsWithoutAPicture) {
 
 TEST(IconInfo, DecodesItsPictureAfreshAtEachCall) {
   testing::RecordingPlatform host;
-  host.pictures.decoded = testing::plainPicture({2, 3});
+  host.pictures.decodable["bytes"] = testing::plainPicture({2, 3});
   const IconInfo iconInfo = holding("bytes");
   EXPECT_EQ(iconInfo.image(host.pictures)->points, (PixelSize{2, 3}));
   EXPECT_TRUE(iconInfo.image(host.pictures).has_value());
-  EXPECT_THAT(host.journal, ElementsAre("decode", "decode"));
+  EXPECT_THAT(host.journal, ElementsAre("decode bytes", "decode bytes"));
 }
 
 TEST(IconInfo, HasNoPictureWhenTheBytesDoNotDecode) {
@@ -123,6 +124,14 @@ TEST(IconInfo, EncodesNoKeyWithoutAPicture) {
   EXPECT_THAT(recorder.keys, IsEmpty());
   holding("x").encode(recorder);
   EXPECT_THAT(recorder.keys, ElementsAre("imageData"));
+}
+
+TEST(IconInfo, PassesOnTheErrorOfItsEncoder) {
+  class Refusing final : public KeyedEncoder {
+   public:
+    void encode(const ByteBuffer&, std::string_view) override { throw std::runtime_error("full"); }
+  } refusing;
+  EXPECT_THROW(holding("x").encode(refusing), std::runtime_error);
 }
 
 TEST(IconInfo, PassesOnTheErrorOfItsDecoder) {

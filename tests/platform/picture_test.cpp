@@ -82,6 +82,15 @@ TEST(MemoryBlock, IsRefusedRatherThanAborting) {
   EXPECT_FALSE(MemoryBlock::allocate(std::numeric_limits<std::size_t>::max() / 2).has_value());
 }
 
+TEST(MemoryBlock, IsEmptyOnceItHasBeenMovedFrom) {
+  auto block = MemoryBlock::allocate(8).value();
+  const MemoryBlock other = std::move(block);
+  EXPECT_EQ(other.bytes().size(), 8U);
+  EXPECT_TRUE(block.bytes().empty());
+  block = MemoryBlock::allocate(3).value();
+  EXPECT_EQ(block.bytes().size(), 3U);
+}
+
 TEST(MemoryBlock, IsZeroed) {
   const auto block = MemoryBlock::allocate(4096).value();
   for (const std::uint8_t byte : block.bytes()) ASSERT_EQ(byte, 0);

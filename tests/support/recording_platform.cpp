@@ -14,17 +14,23 @@ std::string sizeText(PixelSize size) {
   return std::to_string(size.width) + "x" + std::to_string(size.height);
 }
 
+std::optional<Picture> pictureIn(const std::map<std::string, Picture>& pictures,
+                                 const std::string& key) {
+  const auto picture = pictures.find(key);
+  return picture == pictures.end() ? std::nullopt : std::optional(picture->second);
+}
+
 }  // namespace
 
-std::optional<Picture> FakePictures::decode(const ByteBuffer&) {
-  journal_.push_back("decode");
-  return decoded;
+std::optional<Picture> FakePictures::decode(const ByteBuffer& bytes) {
+  const std::string key = textOf(bytes.bytes());
+  journal_.push_back("decode " + key);
+  return pictureIn(decodable, key);
 }
 
 std::optional<Picture> FakePictures::decodeFile(const std::string& path) {
   journal_.push_back("decode file " + path);
-  const auto file = files.find(path);
-  return file == files.end() ? std::nullopt : std::optional(file->second);
+  return pictureIn(files, path);
 }
 
 std::optional<ByteBuffer> FakePictures::tiffRepresentation(const Picture& picture) {

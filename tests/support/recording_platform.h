@@ -32,7 +32,8 @@ class FakePictures final : public Pictures {
   std::optional<ByteBuffer> tiffRepresentation(const Picture& picture) override;
   std::vector<std::string> imageTypes() override { return types; }
 
-  std::optional<Picture> decoded;
+  // By their bytes, and by the path of a file.
+  std::map<std::string, Picture> decodable;
   std::map<std::string, Picture> files;
   std::vector<std::string> types{"image/x-first", "image/x-second"};
 

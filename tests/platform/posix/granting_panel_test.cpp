@@ -22,7 +22,7 @@ namespace fs = std::filesystem;
 
 class GrantingPanelTest : public ::testing::Test {
  protected:
-  GrantingPanelTest() { recording.pictures.decoded = plainPicture({8, 8}); }
+  GrantingPanelTest() { recording.pictures.decodable["picture"] = plainPicture({8, 8}); }
 
   // One run of the iOS set with the answer given; the lines that it printed.
   std::vector<std::string> run(const OpenPanelAnswer& answer) {

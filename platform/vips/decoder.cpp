@@ -56,7 +56,6 @@ Head headOf(const ByteBuffer& bytes) {
 
 Decoded decodeAs(const Format& format, const ByteBuffer& bytes) {
   const Deadline deadline = std::chrono::steady_clock::now() + patience;
-  const ClearMessages atTheEnd;
   if (format.declaredSize != nullptr) {
     const PixelSize size = format.declaredSize(headOf(bytes));
     if (!isPlausible(size, bytes.bytes().size())) return refused(tooManyPixels(size));
@@ -84,6 +83,7 @@ Decoded decode(const ByteBuffer& bytes, const Format* sameAs) {
   if (!startVips() || !hasLoader(format->loader)) {
     return refused(std::string(format->name) + " cannot be read on this machine");
   }
+  const ClearMessages atTheEnd;
   if (format->prepare == nullptr || format == sameAs) return decodeAs(*format, bytes);
   const auto prepared = format->prepare(bytes);
   return prepared ? decode(*prepared, format) : damaged(*format);

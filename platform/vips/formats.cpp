@@ -37,7 +37,7 @@ constexpr std::array<Format, 17> allFormats{{
     {"TIFF", tiffTypes, magic::tiff, "tiffload_source"},
     {"GIF", gifTypes, magic::gif, "gifload_source"},
     {"WebP", webpTypes, magic::webp, "webpload_source"},
-    {"SVG", svgTypes, magic::svg, "svgload_source", true},
+    {"SVG", svgTypes, magic::svg, "svgload_source", true, preparation::withBearablePictures},
     {"SVGZ", svgzTypes, magic::svgz, "svgload_source", false, preparation::inflatedSVG},
     {"PDF", pdfTypes, magic::pdf, "pdfload_source", true},
     {"HEIC", heicTypes, magic::heic, "heifload_source"},

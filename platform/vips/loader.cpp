@@ -15,8 +15,6 @@ namespace {
 // No file of the fixed sets is larger in either direction.
 constexpr double vectorWidth = 2480;
 constexpr double vectorHeight = 1240;
-// What cairo can draw.
-constexpr double vectorMaximumSide = 32767;
 
 struct FreeArea {
   void operator()(void* area) const noexcept { vips_area_unref(VIPS_AREA(area)); }
@@ -95,17 +93,15 @@ Owned<VipsImage> draw(const Format& format, std::span<const std::uint8_t> bytes,
 // directions, within the limits of a bitmap.
 double enlargement(double width, double height) {
   const double wanted = std::max(vectorWidth / width, vectorHeight / height);
-  const double sideLimit = vectorMaximumSide / std::max(width, height);
   const double areaLimit = std::sqrt(static_cast<double>(maximumPixels) / (width * height));
-  return std::min({wanted, sideLimit, areaLimit});
+  return std::min(wanted, areaLimit);
 }
 
 }  // namespace
 
 Owned<VipsImage> loadHeader(const Format& format, const ByteBuffer& bytes) {
   if (!format.isVector) return loadRaster(format, bytes.bytes());
-  if (format.recognises == magic::svg && bytes.bytes().size() > maximumDrawingBytes) return nullptr;
-  auto image = draw(format, bytes.bytes(), 1);
+  const auto image = draw(format, bytes.bytes(), 1);
   if (image == nullptr) return nullptr;
   const double width = vips_image_get_width(image.get());
   const double height = vips_image_get_height(image.get());

@@ -6,9 +6,6 @@
 
 namespace tessarine {
 
-// A drawing of more bytes is refused: its elements take many times their text in memory.
-inline constexpr std::size_t maximumDrawingBytes = std::size_t{32} << 20;
-
 // The picture as its loader presents it, of which no more than the header need have been read. A
 // vector picture is given the size at which it is to be drawn. Null on failure. `bytes` must
 // outlive the image.

@@ -9,6 +9,9 @@
 // picture, or that would take the loader too long.
 namespace tessarine::preparation {
 
+// The elements of a drawing take many times their text in memory.
+inline constexpr std::size_t maximumDrawingBytes = std::size_t{32} << 20;
+
 // A PNG without its compressed texts, which nobody reads and libpng would inflate one by one.
 std::optional<ByteBuffer> withoutTexts(const ByteBuffer& file);
 
@@ -21,6 +24,9 @@ std::optional<ByteBuffer> largestOfICO(const ByteBuffer& file);
 // The largest picture of a macOS icon: PNG, JPEG 2000, or the held TIFF of a picture that the icon
 // keeps in runs.
 std::optional<ByteBuffer> largestOfICNS(const ByteBuffer& file);
+
+// A drawing of at most `maximumDrawingBytes`, in which the pictures are not too large.
+std::optional<ByteBuffer> withBearablePictures(const ByteBuffer& file);
 
 // The drawing of a gzip file, at most `maximumDrawingBytes` of it.
 std::optional<ByteBuffer> inflatedSVG(const ByteBuffer& file);

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <memory>
 
-#include "platform/vips/loader.h"
 #include "platform/vips/magic.h"
 #include "platform/vips/numbers.h"
 #include "platform/vips/preparation.h"

@@ -1,3 +1,4 @@
+#include "intake/base64.h"
 #include "tests/platform/vips/bomb_parts.h"
 #include "tests/platform/vips/bombs.h"
 
@@ -39,6 +40,14 @@ std::string svg(const std::string& inside, const std::string& before = {}) {
          "</svg>";
 }
 
+std::string base64(const std::string& bytes) {
+  return encodeBase64({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
+}
+
+std::string picture(const std::string& address) {
+  return R"(<image width="9" height="9" href=")" + address + R"("/>)";
+}
+
 std::string billionLaughs() {
   std::string entities = "<!ENTITY a0 \"ha\">";
   for (int i = 1; i < 40; ++i) {
@@ -46,15 +55,6 @@ std::string billionLaughs() {
     entities += "<!ENTITY a" + std::to_string(i) + " \"" + last + last + last + last + "\">";
   }
   return svg("<text>&a39;</text>", "<!DOCTYPE svg [" + entities + "]>");
-}
-
-std::string doublingUses() {
-  std::string groups = R"(<rect id="g0" width="1" height="1"/>)";
-  for (int i = 1; i < 40; ++i) {
-    const std::string use = "<use href=\"#g" + std::to_string(i - 1) + "\"/>";
-    groups += "<g id=\"g" + std::to_string(i) + "\">" + use + use + "</g>";
-  }
-  return svg(groups);
 }
 
 std::string pdf(const std::string& mediaBox, const std::string& objects,
@@ -95,7 +95,18 @@ std::vector<Bomb> tiffBombs() {
 std::vector<Bomb> drawingBombs() {
   return {
       {"SVGOfABillionLaughs", billionLaughs()},
-      {"SVGOfDoublingUses", doublingUses(), false},
+      {"SVGWithAHugePicture",
+       svg(picture("data:image/png;base64," + base64(png(30000, 30000, ""))))},
+      {"SVGWithAHugePictureInTwoEntities",
+       svg(picture("&a;&b;"), "<!DOCTYPE svg [<!ENTITY a \"dat\"><!ENTITY b \"a:;base64," +
+                                  base64(png(30000, 30000, "")) + "\">]>")},
+      {"SVGWithAHugePictureInAnEntity",
+       svg("&a;", "<!DOCTYPE svg [<!ENTITY a '" +
+                      picture("data:;base64," + base64(png(30000, 30000, ""))) + "'>]>")},
+      {"SVGWithAHugePictureInASVG",
+       svg(picture("data:image/svg+xml;base64," +
+                   base64(svg(picture("data:;base64," + base64(png(30000, 30000, "")))))))},
+      {"SVGWithAPictureOfAnotherKind", svg(picture("data:image/gif;base64,R0lGODlh//////8="))},
       {"SVGOfDeepGroups", svg([] {
          std::string deep;
          for (int i = 0; i < 100000; ++i) deep += "<g>";

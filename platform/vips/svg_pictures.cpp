@@ -1,0 +1,152 @@
+#include <glib.h>
+#include <libxml/SAX2.h>
+#include <libxml/parser.h>
+
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/vips/loader.h"
+#include "platform/vips/magic.h"
+#include "platform/vips/preparation.h"
+
+namespace tessarine::preparation {
+
+namespace {
+
+// All pictures inside a drawing together. The library that reads them has no limit of its own.
+constexpr std::int64_t maximumPixelsInside = 64'000'000;
+// The texts of one PNG inside.
+constexpr std::size_t maximumTextBytes = 65536;
+constexpr int maximumDepth = 4;
+
+struct Inspection {
+  std::int64_t pixels = 0;
+  int depth = 0;
+  bool isBearable = true;
+};
+
+void inspect(Head drawing, Inspection& inspection);
+
+std::int64_t pixelsOf(const Format& format, const ByteBuffer& bytes) {
+  const auto image = loadHeader(format, bytes);
+  if (image == nullptr) return 0;
+  return std::int64_t{vips_image_get_width(image.get())} * vips_image_get_height(image.get());
+}
+
+void inspectPicture(Head bytes, Inspection& inspection) {
+  const auto head = bytes.first(std::min(headSize, bytes.size()));
+  const Format* format = formatOf(head);
+  const ByteBuffer view(bytes, nullptr);
+  if (magic::svg(head)) {
+    Inspection inside{inspection.pixels, inspection.depth + 1, inspection.depth < maximumDepth};
+    if (inside.isBearable) inspect(bytes, inside);
+    inspection.pixels = inside.pixels;
+    inspection.isBearable = inside.isBearable;
+  } else if (magic::png(head) || magic::jpeg(head)) {
+    const auto prepared = format->prepare(view);
+    inspection.pixels += pixelsOf(*format, view);
+    inspection.isBearable = prepared &&
+                            bytes.size() - prepared->bytes().size() <= maximumTextBytes &&
+                            inspection.pixels <= maximumPixelsInside;
+  } else {
+    inspection.isBearable = false;
+  }
+}
+
+struct FreeMemory {
+  void operator()(void* memory) const noexcept { g_free(memory); }
+};
+
+void inspectAddress(std::string address, Inspection& inspection) {
+  const auto isSpace = [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; };
+  address.erase(address.begin(), std::ranges::find_if_not(address, isSpace));
+  if (g_ascii_strncasecmp(address.c_str(), "data:", 5) != 0) return;
+  const auto comma = address.find(',');
+  if (comma == std::string::npos) return;
+  const bool isBase64 = address.substr(0, comma).ends_with("base64");
+  const std::unique_ptr<char, FreeMemory> plain(
+      g_uri_unescape_string(address.c_str() + comma + 1, nullptr));
+  // Bytes that are no text give nothing here and nothing to the library.
+  if (isBase64 && plain != nullptr) {
+    gsize size = 0;
+    const std::unique_ptr<guchar, FreeMemory> bytes(g_base64_decode(plain.get(), &size));
+    inspectPicture({bytes.get(), size}, inspection);
+  } else if (plain != nullptr) {
+    const std::string_view text(plain.get());
+    inspectPicture({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}, inspection);
+  }
+}
+
+Inspection& inspectionOf(void* context) {
+  return *static_cast<Inspection*>(static_cast<xmlParserCtxtPtr>(context)->_private);
+}
+
+void startElement(void* context, const xmlChar* name, const xmlChar*, const xmlChar*, int,
+                  const xmlChar**, int count, int, const xmlChar** attributes) {
+  Inspection& inspection = inspectionOf(context);
+  const std::string_view element(reinterpret_cast<const char*>(name));
+  if (element != "image" && element != "feImage") return;
+  // Five pointers each: name, prefix, namespace, begin and end of the value.
+  for (int i = 0; i < count && inspection.isBearable; ++i, attributes += 5) {
+    if (std::string_view(reinterpret_cast<const char*>(attributes[0])) != "href") continue;
+    inspectAddress({reinterpret_cast<const char*>(attributes[3]),
+                    reinterpret_cast<const char*>(attributes[4])},
+                   inspection);
+  }
+}
+
+// Elements in an entity's text would appear where the drawing refers to it, unseen by us, and an
+// entity of another file is none of ours.
+void declareEntity(void* context, const xmlChar* name, int type, const xmlChar* publicId,
+                   const xmlChar* systemId, xmlChar* content) {
+  if (type != XML_INTERNAL_GENERAL_ENTITY || xmlStrchr(content, '<') != nullptr) {
+    inspectionOf(context).isBearable = false;
+    xmlStopParser(static_cast<xmlParserCtxtPtr>(context));
+    return;
+  }
+  xmlSAX2EntityDecl(context, name, type, publicId, systemId, content);
+}
+
+void inspect(Head drawing, Inspection& inspection) {
+  xmlSAXHandler handler{};
+  xmlSAXVersion(&handler, 2);
+  handler.startElementNs = startElement;
+  handler.endElementNs = nullptr;
+  handler.characters = handler.cdataBlock = handler.ignorableWhitespace = nullptr;
+  handler.comment = nullptr;
+  handler.processingInstruction = nullptr;
+  handler.reference = nullptr;
+  handler.externalSubset = nullptr;
+  handler.entityDecl = declareEntity;
+  handler.warning = handler.error = handler.fatalError = nullptr;
+  handler.serror = nullptr;
+  xmlParserCtxtPtr context = xmlCreatePushParserCtxt(&handler, nullptr, nullptr, 0, nullptr);
+  if (context == nullptr) {
+    inspection.isBearable = false;
+    return;
+  }
+  context->_private = &inspection;
+  // NOENT has the entities in addresses replaced by their texts.
+  xmlCtxtUseOptions(context,
+                    XML_PARSE_NOENT | XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING);
+  xmlParseChunk(context, reinterpret_cast<const char*>(drawing.data()),
+                static_cast<int>(drawing.size()), 1);
+  // What we could not follow to its end may go on for the library.
+  if (context->wellFormed == 0) inspection.isBearable = false;
+  xmlDocPtr document = context->myDoc;
+  xmlFreeParserCtxt(context);
+  if (document != nullptr) xmlFreeDoc(document);
+}
+
+}  // namespace
+
+std::optional<ByteBuffer> withBearablePictures(const ByteBuffer& file) {
+  if (file.bytes().size() > maximumDrawingBytes) return std::nullopt;
+  Inspection inspection;
+  inspect(file.bytes(), inspection);
+  return inspection.isBearable ? std::optional(file) : std::nullopt;
+}
+
+}  // namespace tessarine::preparation

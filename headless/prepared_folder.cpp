@@ -3,6 +3,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
+
 #include "platform/posix/retried.h"
 
 namespace tessarine {
@@ -20,7 +22,8 @@ PreparedFolder::PreparedFolder(const fs::path& folder) {
 
 PreparedFolder::~PreparedFolder() {
   // Not fs::remove, which tries first to unlink, as a confined process may not.
-  for (auto path = created_.rbegin(); path != created_.rend(); ++path) ::rmdir(path->c_str());
+  std::for_each(created_.rbegin(), created_.rend(),
+                [](const fs::path& path) { ::rmdir(path.c_str()); });
 }
 
 fs::path PreparedFolder::parentOfCreated() const {

@@ -22,7 +22,6 @@ void storeBigEndian(std::uint32_t value, std::span<std::uint8_t, 4> bytes) {
 
 PNGChunkWriter::PNGChunkWriter(std::span<std::uint8_t> file) : file_(file) {
   std::ranges::copy(pngSignature, file_.begin());
-  used_ = pngSignature.size();
 }
 
 void PNGChunkWriter::write(std::string_view type, std::span<const std::uint8_t> data) {

@@ -36,7 +36,7 @@ class PNGChunkWriter {
 
  private:
   std::span<std::uint8_t> file_;
-  std::size_t used_ = 0;
+  std::size_t used_ = pngSignature.size();
 };
 
 }  // namespace tessarine

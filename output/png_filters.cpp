@@ -102,6 +102,7 @@ void filterRows(const Bitmap& bitmap, std::span<std::uint8_t> filtered) {
   static constexpr FilterRow filters[] = {filterRow<PNGFilter::none>, filterRow<PNGFilter::sub>,
                                           filterRow<PNGFilter::up>, filterRow<PNGFilter::average>,
                                           filterRow<PNGFilter::paeth>};
+  constexpr std::uint8_t filterCount = std::size(filters);
 
   const std::size_t rowBytes = bitmap.row(0).size();
   std::uint8_t* out = filtered.data();
@@ -111,7 +112,7 @@ void filterRows(const Bitmap& bitmap, std::span<std::uint8_t> filtered) {
     above = row.here;
     std::uint8_t best = 0;
     std::uint64_t bestSum = ~std::uint64_t{0};
-    for (std::uint8_t type = 0; type < std::size(filters); ++type) {
+    for (std::uint8_t type = 0; type < filterCount; ++type) {
       const std::uint64_t sum = filters[type](row, out + 1);
       if (sum >= bestSum) continue;
       best = type;
@@ -119,7 +120,7 @@ void filterRows(const Bitmap& bitmap, std::span<std::uint8_t> filtered) {
     }
     out[0] = best;
     // The last filter's results are there already.
-    if (best + 1u < std::size(filters)) filters[best](row, out + 1);
+    if (best + 1 < filterCount) filters[best](row, out + 1);
   }
 }
 

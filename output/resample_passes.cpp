@@ -22,7 +22,6 @@ constexpr hn::ScalableTag<std::int16_t> samplesTag;
 constexpr hn::RebindToUnsigned<decltype(samplesTag)> unsignedTag;
 constexpr hn::Rebind<std::uint8_t, decltype(samplesTag)> levelsTag;
 constexpr hn::RepartitionToWide<decltype(samplesTag)> sumsTag;
-constexpr hn::Repartition<std::uint8_t, decltype(samplesTag)> bytesTag;
 using Samples = hn::Vec<decltype(samplesTag)>;
 using Sums = hn::Vec<decltype(sumsTag)>;
 

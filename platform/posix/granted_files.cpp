@@ -73,17 +73,18 @@ int GrantedFiles::overwrite(const std::string& path, std::span<const std::uint8_
   // Nothing is truncated before it is known to be a plain file, and O_NONBLOCK keeps a FIFO or a
   // device from holding up the program.
   const int flags = O_WRONLY | O_CREAT | O_NONBLOCK | O_NOCTTY;
-  auto [file, error] = openBeneath(folder_, path, flags, 0666, resolution_);
-  if (error != 0) return error;
+  Opened opened = openBeneath(folder_, path, flags, 0666, resolution_);
+  if (opened.error != 0) return opened.error;
+  Descriptor& file = opened.file;
   struct stat status;
   if (::fstat(file.number(), &status) != 0) return errno;
   if (!S_ISREG(status.st_mode)) return ENXIO;
   if (status.st_size > 0 && retried([&] { return ::ftruncate(file.number(), 0); }) != 0) {
     return errno;
   }
-  error = writeWhole(file.number(), bytes);
+  const int writing = writeWhole(file.number(), bytes);
   const int closing = file.close();
-  return error != 0 ? error : closing;
+  return writing != 0 ? writing : closing;
 }
 
 int GrantedFiles::replace(const std::string& path, std::span<const std::uint8_t> bytes) const {

@@ -100,7 +100,7 @@ bool write(TIFF& tiff, const Bitmap& bitmap) {
   if (!described) return false;
   const auto pixels = bitmap.pixels();
   // libtiff takes the strip by a pointer that is not const and, uncompressed, only reads it.
-  auto* strip = const_cast<std::uint8_t*>(pixels.data());
+  auto* strip = const_cast<std::uint8_t*>(pixels.data());  // NOLINT(*-const-cast)
   const auto count = static_cast<tmsize_t>(pixels.size());
   return TIFFWriteRawStrip(&tiff, 0, strip, count) == count && TIFFWriteDirectory(&tiff) != 0;
 }

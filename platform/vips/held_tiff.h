@@ -11,8 +11,8 @@ namespace tessarine {
 // inch, which is one point per pixel. Nothing when memory is refused.
 std::optional<ByteBuffer> writeHeldTIFF(const Bitmap& bitmap);
 
-// The strip of such a TIFF as a bitmap that views `bytes`; nothing for bytes that are laid out in
+// The strip of such a TIFF as a bitmap that views `held`; nothing for bytes that are laid out in
 // any other way, however valid. Every offset is checked afresh.
-std::optional<Bitmap> viewHeldTIFF(const ByteBuffer& bytes);
+std::optional<Bitmap> viewHeldTIFF(const ByteBuffer& held);
 
 }  // namespace tessarine

@@ -36,7 +36,7 @@ bool hasBrand(Head head, std::span<const std::string_view> brands) {
 std::string_view fromFirstElement(std::string_view xml) {
   while (true) {
     const auto at = xml.find_first_not_of(" \t\r\n"sv);
-    if (at == xml.npos) return {};
+    if (at == std::string_view::npos) return {};
     xml.remove_prefix(at);
     std::string_view end;
     if (xml.starts_with("<!--"sv)) {
@@ -45,12 +45,12 @@ std::string_view fromFirstElement(std::string_view xml) {
       end = "?>"sv;
     } else if (xml.starts_with("<!"sv)) {
       // A document type may hold declarations in brackets.
-      end = xml.substr(0, xml.find('>')).find('[') == xml.npos ? ">"sv : "]>"sv;
+      end = xml.substr(0, xml.find('>')).find('[') == std::string_view::npos ? ">"sv : "]>"sv;
     } else {
       return xml;
     }
     const auto past = xml.find(end);
-    if (past == xml.npos) return {};
+    if (past == std::string_view::npos) return {};
     xml.remove_prefix(past + end.size());
   }
 }
@@ -111,7 +111,8 @@ bool svg(Head head) {
   if (!element.starts_with('<')) return false;
   // The name may carry a prefix, as in "<svg:svg".
   auto name = element.substr(1, element.find_first_of(" \t\r\n/>"sv) - 1);
-  if (const auto colon = name.find(':'); colon != name.npos) name.remove_prefix(colon + 1);
+  if (const auto colon = name.find(':'); colon != std::string_view::npos)
+    name.remove_prefix(colon + 1);
   return name == "svg"sv;
 }
 

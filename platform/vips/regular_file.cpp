@@ -27,7 +27,7 @@ std::size_t readFromStart(int descriptor, std::span<std::uint8_t> room) {
 }  // namespace
 
 RegularFile::RegularFile(const std::string& path) {
-  if (path.find('\0') != path.npos) {
+  if (path.find('\0') != std::string::npos) {
     // The system would open what stands before the null byte.
     refusal_ = std::strerror(ENOENT);
     return;

@@ -48,7 +48,7 @@ class ChangedFolderTest : public ::testing::TestWithParam<Resolution> {
   ChangedFolderTest() {
     fs::create_directory(picked);
     fs::create_directory(outside);
-    recording.pictures.decoded = plainPicture({8, 8});
+    recording.pictures.decodable["picture"] = plainPicture({8, 8});
     recording.panel.answer = {PanelResponse::confirmed, picked};
   }
 

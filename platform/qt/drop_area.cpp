@@ -57,10 +57,12 @@ void DropArea::registerForDraggedTypes(std::span<const std::string_view>) {
 void DropArea::answer(QDropEvent& event) const {
   // Never the source's own proposal, which may be to move the file away.
   event.setDropAction(Qt::CopyAction);
-  event.setAccepted(operation_ == DragOperation::copy && event.dropAction() == Qt::CopyAction);
+  event.setAccepted(operation_ == DragOperation::copy);
 }
 
 void DropArea::dragEnterEvent(QDragEnterEvent* event) {
+  // A source that allows no copy cannot be served; Qt sends nothing more of a refused drag.
+  if (!event->possibleActions().testFlag(Qt::CopyAction)) return event->ignore();
   QtDraggingInfo sender(*this, *event->mimeData(), *pictures_);
   operation_ = destination_->draggingEntered(sender);
   answer(*event);
@@ -74,16 +76,14 @@ void DropArea::dragLeaveEvent(QDragLeaveEvent*) {
   // Qt no longer gives the drag's data when it has left.
   const QMimeData nothing;
   QtDraggingInfo sender(*this, nothing, *pictures_);
-  operation_ = DragOperation::none;
   destination_->draggingExited(sender);
 }
 
 void DropArea::dropEvent(QDropEvent* event) {
   answer(*event);
   QtDraggingInfo sender(*this, *event->mimeData(), *pictures_);
-  event->setAccepted(event->isAccepted() && destination_->performDragOperation(sender));
+  event->setAccepted(destination_->performDragOperation(sender));
   if (event->isAccepted()) destination_->concludeDragOperation(sender);
-  operation_ = DragOperation::none;
   destination_->draggingEnded(sender);
 }
 

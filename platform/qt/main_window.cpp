@@ -25,6 +25,8 @@ MainWindow::MainWindow(Screen* first, Screen* second) : screens_(new QStackedWid
           [this, second] { screens_->setCurrentWidget(second); });
   connect(second, &Screen::otherScreenWanted, this,
           [this, first] { screens_->setCurrentWidget(first); });
+  // The hidden screen may have come to need more room meanwhile, as for a larger font.
+  connect(screens_, &QStackedWidget::currentChanged, screens_, &QWidget::updateGeometry);
   for (const QKeySequence& key : {QKeySequence(QKeySequence::Back), QKeySequence(Qt::Key_Escape)}) {
     connect(new QShortcut(key, second), &QShortcut::activated, second, &Screen::otherScreenWanted);
   }

@@ -1,5 +1,7 @@
 #include "platform/qt/picture_well.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QPainter>
 #include <QPainterPath>
 #include <algorithm>
@@ -57,9 +59,17 @@ void paintChecks(QPainter& painter, const QRectF& place, const QPalette& palette
   painter.restore();
 }
 
+// Without it, screen readers would take the well for a mere container.
+QAccessibleInterface* accessibleWell(const QString&, QObject* object) {
+  auto* well = qobject_cast<PictureWell*>(object);
+  return well == nullptr ? nullptr : new QAccessibleWidget(well, QAccessible::Graphic);
+}
+
 }  // namespace
 
 PictureWell::PictureWell(QWidget* parent) : QWidget(parent) {
+  static const bool isPictureForReaders = (QAccessible::installFactory(accessibleWell), true);
+  static_cast<void>(isPictureForReaders);
   setMinimumSize(leastSide, leastSide);
   describe(tr("No picture yet"));
 }

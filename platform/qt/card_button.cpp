@@ -146,10 +146,8 @@ void CardButton::paintTexts(QPainter& painter, const QStyleOptionButton& option,
   const bool underlined = style()->styleHint(QStyle::SH_UnderlineShortcut, &option, this) != 0;
   painter.setFont(titleFont());
   painter.setPen(usable(option) ? strong : soft);
-  painter.drawText(place,
-                   Qt::AlignTop | Qt::AlignLeft | Qt::TextSingleLine |
-                       (underlined ? Qt::TextShowMnemonic : Qt::TextHideMnemonic),
-                   text());
+  const int mnemonic = underlined ? Qt::TextShowMnemonic : Qt::TextHideMnemonic;
+  painter.drawText(place, Qt::AlignTop | Qt::AlignLeft | Qt::TextSingleLine | mnemonic, text());
   painter.setFont(subtitleFont());
   painter.setPen(soft);
   painter.drawText(place, Qt::AlignBottom | Qt::AlignLeft | Qt::TextSingleLine, subtitle_);

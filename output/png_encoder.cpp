@@ -70,6 +70,7 @@ std::optional<ByteBuffer> encodePNG(const Bitmap& bitmap) {
   chunks.write("sRGB", perceptualIntent);
   const std::size_t compressed = libdeflate_zlib_compress(
       compressor.get(), filtered->bytes().data(), filteredBytes, chunks.openData().data(), bound);
+  if (compressed == 0) return std::nullopt;
   chunks.closeChunk("IDAT", compressed);
   chunks.write("IEND", {});
 

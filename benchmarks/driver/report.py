@@ -24,7 +24,7 @@ def conditions(results):
         ["Processor", machine["processor"]], ["Memory", machine["memory"]],
         ["System", machine["system"]], ["Versions", versions],
         ["Load of the machine at the start", f"{machine['load']:.1f}"],
-        ["Runs", f"medians of {results['repetitions']}, interleaved"]])
+        ["Runs", f"medians of {machine['repetitions']}, interleaved"]])
 
 
 def goals(results):

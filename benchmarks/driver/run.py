@@ -16,6 +16,7 @@ REFERENCE_SIDES = [16, 29, 48, 87, 180, 512, 1024]
 GROWTH_SOURCES = [1, 4, 16, 64]
 GROWTH_SIDES = [16, 64, 256, 1024, 2048, 4096, 8192]
 TESSARINE = TOOLS[0]
+RESULTS = "results.json"
 
 
 def write_rows(path, rows):
@@ -76,7 +77,7 @@ def phases(source, rows, repetitions):
     os.makedirs("out/phases", exist_ok=True)
     text = output_of(
         f"{PROGRAMS}/phases", rows, hold(source), "out/phases", "--benchmark_format=json",
-        f"--benchmark_repetitions={repetitions}", "--benchmark_min_time=0.05",
+        f"--benchmark_repetitions={max(2, repetitions)}", "--benchmark_min_time=0.05",
         "--benchmark_enable_random_interleaving=true", "--benchmark_report_aggregates_only=true")
     return {
         one["run_name"]: {"processor": one["cpu_time"], "bytes": one.get("bytes")}
@@ -98,22 +99,33 @@ def growth(rows, repetitions):
 
 
 def main():
-    arguments = argparse.ArgumentParser()
+    arguments = argparse.ArgumentParser(description=__doc__)
     arguments.add_argument("--repetitions", type=int, default=7)
-    repetitions = arguments.parse_args().repetitions
+    arguments.add_argument("--stages", nargs="+", metavar="STAGE",
+                           help="measure these anew and keep the rest of the last results")
+    options = arguments.parse_args()
 
     rows = "rows.tsv"
     with open(rows, "w") as file:
         file.write(output_of(f"{PROGRAMS}/list_files"))
-    results = {"machine": machine.description(), "repetitions": repetitions}
-    results["sources"] = {source: whole_runs(source, rows, repetitions) for source in SOURCES}
-    results["phases"] = {source: phases(source, rows, repetitions) for source in SOURCES}
-    results["quality"] = {source: quality(source) for source in SOURCES}
-    results["probes"] = probes()
-    results["growth"] = growth(rows, repetitions)
-    with open("results.json", "w") as file:
-        json.dump(results, file, indent=1)
-    report.write("results.json")
+    times = options.repetitions
+    stages = {
+        "machine": lambda: machine.description() | {"repetitions": times},
+        "sources": lambda: {source: whole_runs(source, rows, times) for source in SOURCES},
+        "phases": lambda: {source: phases(source, rows, times) for source in SOURCES},
+        "quality": lambda: {source: quality(source) for source in SOURCES},
+        "probes": probes,
+        "growth": lambda: growth(rows, times),
+    }
+    results = {}
+    if options.stages:
+        with open(RESULTS) as file:
+            results = json.load(file)
+    for stage in options.stages or stages:
+        results[stage] = stages[stage]()
+        with open(RESULTS, "w") as file:
+            json.dump(results, file, indent=1)
+    report.write(RESULTS)
 
 
 if __name__ == "__main__":

@@ -1,11 +1,12 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <fstream>
 
 #include "output/png_encoder.h"
-#include "tests/output/drawn_bitmaps.h"
+#include "output/png_filters.h"
 
 // The address sanitizer takes the address space for itself.
 #if defined(__SANITIZE_ADDRESS__)
@@ -19,21 +20,24 @@
 namespace tessarine {
 namespace {
 
-constexpr PixelSize size{4096, 4096};
-constexpr std::size_t bitmapBytes = 4096 * 4096 * 4;
+constexpr PixelSize large{4096, 4096};
+const std::size_t filteredBytes = filteredByteCount(large);
 
 struct Refusal {
   const char* name;
+  PixelSize size;
   std::size_t bytesLeft;
   bool encodes;
 };
 
 // Ends with status 0 when encoding goes as expected with `bytesLeft` of memory.
 [[noreturn]] void encodeWithin(const Refusal& refusal) {
-  const Bitmap bitmap(size, ByteBuffer(MemoryBlock::allocate(bitmapBytes).value()));
+  const std::size_t bitmapBytes = Bitmap::byteCount(refusal.size).value();
+  const Bitmap bitmap(refusal.size, ByteBuffer(MemoryBlock::allocate(bitmapBytes).value()));
   std::size_t pages = 0;
   std::ifstream("/proc/self/statm") >> pages;
-  const rlimit limit{pages * 4096 + refusal.bytesLeft, RLIM_INFINITY};
+  const auto pageBytes = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+  const rlimit limit{pages * pageBytes + refusal.bytesLeft, RLIM_INFINITY};
   if (setrlimit(RLIMIT_AS, &limit) != 0) std::_Exit(2);
   std::_Exit(encodePNG(bitmap).has_value() == refusal.encodes ? 0 : 1);
 }
@@ -47,11 +51,14 @@ TEST_P(PNGEncoderMemory, GivesNothingWhenRefused) {
   EXPECT_EXIT(encodeWithin(GetParam()), ::testing::ExitedWithCode(0), "");
 }
 
+// A small bitmap's blocks still come from the heap's free memory when nothing is left; the
+// compressor does not.
 INSTANTIATE_TEST_SUITE_P(Steps, PNGEncoderMemory,
-                         ::testing::Values(Refusal{"Compressor", 1 << 10, false},
-                                           Refusal{"FilteredRows", bitmapBytes / 2, false},
-                                           Refusal{"File", bitmapBytes + bitmapBytes / 2, false},
-                                           Refusal{"Nothing", 3 * bitmapBytes, true}),
+                         ::testing::Values(Refusal{"Compressor", {8, 8}, 0, false},
+                                           Refusal{"FilteredRows", large, filteredBytes / 2, false},
+                                           Refusal{"File", large, filteredBytes + filteredBytes / 2,
+                                                   false},
+                                           Refusal{"Nothing", large, 3 * filteredBytes, true}),
                          [](const auto& row) { return std::string(row.param.name); });
 
 }  // namespace

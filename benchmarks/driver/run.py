@@ -118,7 +118,7 @@ def main():
         "growth": lambda: growth(rows, times),
     }
     results = {}
-    if options.stages:
+    if options.stages and os.path.exists(RESULTS):
         with open(RESULTS) as file:
             results = json.load(file)
     for stage in options.stages or stages:

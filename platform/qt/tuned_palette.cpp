@@ -47,7 +47,7 @@ constexpr Tones darkTones{
     .text = 0xfff2f2f5,
     .placeholder = 0xffa0a0ab,
     .disabled = 0xff74747f,
-    .accent = 0xff6070e0,
+    .accent = 0xff5b6bdc,
     .link = 0xffa3adff,
     .toolTip = 0xff34343c,
     .light = 0xff4a4a54,

@@ -21,7 +21,7 @@ class ScreensTest : public ::testing::Test {
  protected:
   ScreensTest() {
     host.pictures.types = {"image/png"};
-    host.pictures.decoded = plainPicture({300, 200});
+    host.pictures.decodable["tiff of 300x200"] = plainPicture({300, 200});
     host.pictures.files[pictureFile] = plainPicture({300, 200});
     writeFile(pictureFile, "\x89PNG\r\n\x1a\n and so on");
     writeFile(textFile, "words");

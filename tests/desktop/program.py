@@ -12,7 +12,7 @@ from pixels import grab  # noqa: E402
 from pointer import click, window_of, xdotool  # noqa: E402
 from session import wait_for  # noqa: E402
 
-FRAME = ((0x4A, 0x57, 0xC8), (0x60, 0x70, 0xE0))  # in light and in dark colours
+FRAME = ((0x4A, 0x57, 0xC8), (0x5B, 0x6B, 0xDC))  # in light and in dark colours
 
 
 class Program:

@@ -5,7 +5,10 @@
 #include <new>
 #include <utility>
 
-#include "output/resample_tile.h"
+#include "output/column_table.h"
+#include "output/source_rows.h"
+#include "output/taps.h"
+#include "output/tile_scaling.h"
 
 namespace tessarine {
 
@@ -26,14 +29,27 @@ void copyVisible(std::span<const std::uint8_t> source, std::span<std::uint8_t> t
   }
 }
 
+// The most columns of a tile, of the source or of the output.
+constexpr double tilePixels = 2048;
+
 // Throws std::bad_alloc.
 void resample(const Bitmap& source, PixelSize size, std::span<std::uint8_t> pixels) {
-  Axis columns(source.size().width, size.width);
-  Axis rows(source.size().height, size.height);
-  const std::int64_t width = tileWidth(columns);
-  for (std::int64_t begin = 0; begin < size.width; begin += width) {
-    resampleTile(source, columns, rows, {begin, std::min(begin + width, size.width)},
-                 pixels.data());
+  const int halvings = SourceRows::halvings(source.size(), size);
+  Axis columns(source.size().width >> halvings, size.width);
+  Axis rows(source.size().height >> halvings, size.height);
+  SourceRows sourceRows(source, halvings, stripPixels);
+  const auto tileWidth =
+      static_cast<std::int64_t>(std::max(1.0, tilePixels / std::max(1.0, columns.scale())));
+  for (std::int64_t begin = 0; begin < size.width; begin += tileWidth) {
+    const ColumnTable tile(columns, {begin, std::min(begin + tileWidth, size.width)});
+    constexpr std::size_t pixelBytes = Bitmap::bytesPerPixel;
+    const TileRows output{&pixels[static_cast<std::size_t>(begin) * pixelBytes],
+                          static_cast<std::size_t>(size.width) * pixelBytes};
+    if (rows.source() > rows.target()) {
+      mixRowsFirst(sourceRows, tile, rows, output);
+    } else {
+      mixColumnsFirst(source, tile, rows, output);
+    }
   }
 }
 

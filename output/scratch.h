@@ -9,6 +9,7 @@ namespace tessarine {
 template <class T>
 class Scratch {
  public:
+  Scratch() = default;
   explicit Scratch(std::size_t count) : lines_((count + lineLength - 1) / lineLength) {}
 
   T* data() noexcept { return lines_.data()->values; }

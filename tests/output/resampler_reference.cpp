@@ -48,7 +48,7 @@ void add(Premultiplied& sum, const Premultiplied& pixel, double weight) {
   for (int c = 0; c < 4; ++c) sum.channels[c] += weight * pixel.channels[c];
 }
 
-// As a bitmap would keep it.
+// As a bitmap keeps it: what overshoots is cut off, alpha at opacity and a colour at alpha.
 Premultiplied rounded(const Premultiplied& pixel) {
   const double alpha = std::clamp(pixel.channels[3], 0.0, 255.0);
   const double kept = std::round(alpha);
@@ -83,6 +83,20 @@ Paint opaqueNoise() {
   };
 }
 
+Paint photograph() {
+  return [grain = noise()](auto x, auto y) {
+    const Colour any = grain(x, y);
+    const double soft =
+        60 * std::sin(0.013 * static_cast<double>(x)) +
+        40 * std::sin(0.05 * static_cast<double>(y) + 0.02 * static_cast<double>(x));
+    const double hard = (x / 37 + y / 53) % 4 == 0 ? 40 : 0;
+    const auto level = [&](std::uint8_t bits) {
+      return static_cast<std::uint8_t>(110 + soft + hard + bits % 16);
+    };
+    return Colour{level(any.red), level(any.green), level(any.blue), 255};
+  };
+}
+
 Paint disc(PixelSize size) {
   const auto width = static_cast<double>(size.width);
   const auto height = static_cast<double>(size.height);
@@ -103,12 +117,14 @@ std::vector<Premultiplied> referencePixels(const Bitmap& source, PixelSize size)
   const auto height = static_cast<std::size_t>(size.height);
   const auto rows = static_cast<std::size_t>(from.height);
 
+  std::vector<std::vector<WeightedPixel>> columns;
+  for (std::int64_t x = 0; x < size.width; ++x)
+    columns.push_back(mixture(from.width, size.width, x));
   std::vector<Premultiplied> narrowed(rows * width);
-  for (std::size_t x = 0; x < width; ++x) {
-    for (const auto& [pixel, weight] :
-         mixture(from.width, size.width, static_cast<std::int64_t>(x))) {
-      for (std::size_t y = 0; y < rows; ++y) {
-        const std::uint8_t* row = source.row(static_cast<std::int64_t>(y)).data();
+  for (std::size_t y = 0; y < rows; ++y) {
+    const std::uint8_t* row = source.row(static_cast<std::int64_t>(y)).data();
+    for (std::size_t x = 0; x < width; ++x) {
+      for (const auto& [pixel, weight] : columns[x]) {
         add(narrowed[y * width + x], premultiplied(row + 4 * pixel), weight);
       }
     }

@@ -15,6 +15,8 @@ Picture drawnPicture(PixelSize size, const Paint& paint);
 Paint noise();
 // As `noise`, without transparency.
 Paint opaqueNoise();
+// Soft and hard edges with some grain.
+Paint photograph();
 // A disc with a soft edge, coloured by place and chequered, on nothing.
 Paint disc(PixelSize size);
 

@@ -104,7 +104,8 @@ class ResamplerExtremes : public ::testing::TestWithParam<Extreme> {};
 
 // Black on the left and top, white on the right and bottom, however far the scaling goes.
 TEST_P(ResamplerExtremes, KeepEverythingInItsPlace) {
-  const auto& [name, from, to] = GetParam();
+  const PixelSize from = GetParam().from;
+  const PixelSize to = GetParam().to;
   const Picture source = drawnPicture(from, [&](auto x, auto y) {
     return Colour{static_cast<std::uint8_t>(2 * x < from.width ? 0 : 255),
                   static_cast<std::uint8_t>(2 * y < from.height ? 0 : 255), 40, 255};

@@ -10,6 +10,7 @@
 #include "platform/vips/loader.h"
 #include "platform/vips/magic.h"
 #include "platform/vips/preparation.h"
+#include "platform/vips/svg_references.h"
 
 namespace tessarine::preparation {
 
@@ -20,8 +21,11 @@ constexpr std::int64_t maximumPixelsInside = 64'000'000;
 // The texts of one PNG inside.
 constexpr std::size_t maximumTextBytes = 65536;
 constexpr int maximumDepth = 4;
+// librsvg draws so many in about two seconds.
+constexpr std::int64_t maximumReferenced = 200'000;
 
 struct Inspection {
+  SVGReferences references;
   std::int64_t pixels = 0;
   int depth = 0;
   bool isBearable = true;
@@ -40,7 +44,10 @@ void inspectPicture(Head bytes, Inspection& inspection) {
   const Format* format = formatOf(head);
   const ByteBuffer view(bytes, nullptr);
   if (magic::svg(head)) {
-    Inspection inside{inspection.pixels, inspection.depth + 1, inspection.depth < maximumDepth};
+    Inspection inside;
+    inside.pixels = inspection.pixels;
+    inside.depth = inspection.depth + 1;
+    inside.isBearable = inside.depth <= maximumDepth;
     if (inside.isBearable) inspect(bytes, inside);
     inspection.pixels = inside.pixels;
     inspection.isBearable = inside.isBearable;
@@ -83,18 +90,36 @@ Inspection& inspectionOf(void* context) {
   return *static_cast<Inspection*>(static_cast<xmlParserCtxtPtr>(context)->_private);
 }
 
+std::string_view text(const xmlChar* begin) {
+  return reinterpret_cast<const char*>(begin);
+}
+
 void startElement(void* context, const xmlChar* name, const xmlChar*, const xmlChar*, int,
                   const xmlChar**, int count, int, const xmlChar** attributes) {
   Inspection& inspection = inspectionOf(context);
-  const std::string_view element(reinterpret_cast<const char*>(name));
-  if (element != "image" && element != "feImage") return;
   // Five pointers each: name, prefix, namespace, begin and end of the value.
-  for (int i = 0; i < count && inspection.isBearable; ++i, attributes += 5) {
-    if (std::string_view(reinterpret_cast<const char*>(attributes[0])) != "href") continue;
-    inspectAddress({reinterpret_cast<const char*>(attributes[3]),
-                    reinterpret_cast<const char*>(attributes[4])},
-                   inspection);
+  const auto attribute = [attributes](int i) { return text(attributes[5 * i]); };
+  const auto value = [attributes](int i) {
+    return std::string(reinterpret_cast<const char*>(attributes[5 * i + 3]),
+                       reinterpret_cast<const char*>(attributes[5 * i + 4]));
+  };
+  std::string id;
+  for (int i = 0; i < count; ++i) {
+    if (attribute(i) == "id") id = value(i);
   }
+  inspection.references.open(text(name), id);
+  const bool showsPicture = text(name) == "image" || text(name) == "feImage";
+  for (int i = 0; i < count && inspection.isBearable; ++i) {
+    const std::string address = value(i);
+    inspection.references.refersIn(address);
+    if (attribute(i) != "href") continue;
+    if (address.starts_with('#')) inspection.references.refersTo(address.substr(1));
+    if (showsPicture) inspectAddress(address, inspection);
+  }
+}
+
+void endElement(void* context, const xmlChar*, const xmlChar*, const xmlChar*) {
+  inspectionOf(context).references.close();
 }
 
 // Elements in an entity's text would appear where the drawing refers to it, unseen by us, and an
@@ -113,7 +138,7 @@ void inspect(Head drawing, Inspection& inspection) {
   xmlSAXHandler handler{};
   xmlSAXVersion(&handler, 2);
   handler.startElementNs = startElement;
-  handler.endElementNs = nullptr;
+  handler.endElementNs = endElement;
   handler.characters = handler.cdataBlock = handler.ignorableWhitespace = nullptr;
   handler.comment = nullptr;
   handler.processingInstruction = nullptr;
@@ -134,7 +159,9 @@ void inspect(Head drawing, Inspection& inspection) {
   xmlParseChunk(context, reinterpret_cast<const char*>(drawing.data()),
                 static_cast<int>(drawing.size()), 1);
   // What we could not follow to its end may go on for the library.
-  if (context->wellFormed == 0) inspection.isBearable = false;
+  if (context->wellFormed == 0 || inspection.references.count() > maximumReferenced) {
+    inspection.isBearable = false;
+  }
   xmlDocPtr document = context->myDoc;
   xmlFreeParserCtxt(context);
   if (document != nullptr) xmlFreeDoc(document);

@@ -6,7 +6,9 @@ namespace tessarine {
 
 namespace {
 
-void saysNothing(const gchar*, GLogLevelFlags, const gchar*, gpointer) {}
+GLogWriterOutput saysNothing(GLogLevelFlags, const GLogField*, gsize, gpointer) {
+  return G_LOG_WRITER_HANDLED;
+}
 
 GType loaderType(const char* nickname) {
   return vips_type_find("VipsForeignLoad", nickname);
@@ -14,7 +16,7 @@ GType loaderType(const char* nickname) {
 
 bool start() {
   // Before the start, which may itself complain about modules.
-  g_log_set_default_handler(saysNothing, nullptr);
+  g_log_set_writer_func(saysNothing, nullptr, nullptr);
   if (VIPS_INIT("tessarine") != 0) return false;
   vips_concurrency_set(1);
   vips_cache_set_max(0);

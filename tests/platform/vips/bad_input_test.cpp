@@ -131,6 +131,10 @@ TEST_F(BadInput, LeavesStandardErrorEmpty) {
   ::testing::internal::CaptureStderr();
   decodePictureFile(fileHolding("a.png", "\x89PNG\r\n\x1a\n"));
   decodePictureFile(fileHolding("a.svg", "<svg><nonsense"));
+  decodePictureFile(
+      fileHolding("b.svg",
+                  "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"9\" height=\"9\">"
+                  "<text font-size=\"300000\">a</text></svg>"));
   decodePictureFile(fileHolding("a.pdf", "%PDF-1.4 nonsense"));
   decodePictureFile(fileHolding("a.tif", std::string("II*\0\x08\0\0\0\x01", 9)));
   EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");

@@ -57,6 +57,19 @@ std::string billionLaughs() {
   return svg("<text>&a39;</text>", "<!DOCTYPE svg [" + entities + "]>");
 }
 
+// Forty elements, of which each asks for the one before it twice.
+std::string doubling(const std::string& before, const std::string& after) {
+  std::string elements = R"(<rect id="e0" width="1" height="1"/>)";
+  for (int i = 1; i < 40; ++i) {
+    const std::string last = "#e" + std::to_string(i - 1);
+    const std::string begin = before + " id=\"e" + std::to_string(i) + "\">";
+    elements += begin + std::string(after).replace(after.find('@'), 1, last) +
+                std::string(after).replace(after.find('@'), 1, last) + "</" +
+                before.substr(1, before.find(' ') - 1) + ">";
+  }
+  return svg(elements + R"x(<rect width="9" height="9" fill="url(#e39)"/>)x");
+}
+
 std::string pdf(const std::string& mediaBox, const std::string& objects,
                 const std::string& content) {
   return "%PDF-1.4\n1 0 obj<</Type/Catalog/Pages 2 0 R>>endobj\n"
@@ -95,6 +108,10 @@ std::vector<Bomb> tiffBombs() {
 std::vector<Bomb> drawingBombs() {
   return {
       {"SVGOfABillionLaughs", billionLaughs()},
+      {"SVGOfDoublingUses", doubling("<g ", R"(<use href="@"/>)")},
+      {"SVGOfDoublingPatterns",
+       doubling("<pattern width=\"1\" height=\"1\"",
+                R"x(<rect width="2" height="2" style="fill: url( '@' )"/>)x")},
       {"SVGWithAHugePicture",
        svg(picture("data:image/png;base64," + base64(png(30000, 30000, ""))))},
       {"SVGWithAHugePictureInTwoEntities",
@@ -119,7 +136,8 @@ std::vector<Bomb> drawingBombs() {
       {"PDFOfAnEndlessPage", pdf("0 0 1e12 1e12", "", ""), false},
       {"PDFThatDrawsItself",
        pdf("0 0 10 10",
-           "5 0 obj<</Type/XObject/Subtype/Form/BBox[0 0 9 9]/Resources<</XObject<</A 5 0 R>>>>"
+           "5 0 obj<</Type/XObject/Subtype/Form/BBox[0 0 9 9]/Resources<</XObject<</A 5 0 "
+           "R>>>>"
            "/Length 5>>stream\n/A Do\nendstream endobj\n",
            "/A Do"),
        false},

@@ -3,8 +3,6 @@
 #include <array>
 #include <cstring>
 
-// The same sets as in sample_mixing.cpp, which says why.
-#define HWY_DISABLED_TARGETS (HWY_SVE | HWY_SVE2 | HWY_SVE_256 | HWY_SVE2_128 | HWY_RVV)
 // The part between HWY_BEFORE_NAMESPACE and HWY_AFTER_NAMESPACE is compiled once for every
 // instruction set; the one to use is chosen when the program runs.
 #undef HWY_TARGET_INCLUDE
@@ -47,9 +45,12 @@ HWY_INLINE Unsigned premultiplied(const std::uint8_t* levels) {
   const Unsigned pixels = hn::PromoteTo(unsignedTag, hn::LoadU(levelsTag, levels));
   const auto isColour = hn::MaskFromVec(hn::LoadDup128(unsignedTag, colourLanes));
   const Unsigned factors = hn::IfThenElse(isColour, alphas(pixels), hn::Set(unsignedTag, 255));
-  // By 100 / 255 in fixed point; the 1 makes the products with 255 come out exactly.
-  const Unsigned products = hn::Add(hn::Mul(pixels, factors), hn::Set(unsignedTag, 1));
-  return hn::MulHigh(products, hn::Set(unsignedTag, 25700));
+  // By 100 / 255, rounded, with signs for the only multiplication that rounds.
+  constexpr std::int16_t factor = 12850;
+  const auto low = hn::Xor(hn::Mul(pixels, factors), hn::Set(unsignedTag, 0x8000));
+  const Samples scaled =
+      hn::MulFixedPoint15(hn::BitCast(samplesTag, low), hn::Set(samplesTag, factor));
+  return hn::BitCast(unsignedTag, hn::Add(scaled, hn::Set(samplesTag, factor)));
 }
 
 HWY_INLINE void storeSamples(Unsigned value, std::int16_t* samples) {
@@ -64,13 +65,13 @@ class Group {
   HWY_INLINE Group() {}
   HWY_INLINE const std::uint8_t* read(const std::uint8_t* levels, std::size_t pixels) {
     if (pixels >= count) return levels;
-    std::memcpy(copy_, levels, pixels * channels);
-    std::memset(copy_ + pixels * channels, 0, (count - pixels) * channels);
+    std::memcpy(copy_, levels, pixels * samplesPerPixel);
+    std::memset(copy_ + pixels * samplesPerPixel, 0, (count - pixels) * samplesPerPixel);
     return copy_;
   }
 
  private:
-  std::uint8_t copy_[count * channels];
+  std::uint8_t copy_[count * samplesPerPixel];
 };
 
 // Calls `load` with two rows that hold whole groups, each of `step` pixels for one of `pixels`.
@@ -80,7 +81,7 @@ HWY_INLINE void forGroups(const std::uint8_t* upper, const std::uint8_t* lower, 
   Group<step * pixelGroup> upperGroup;
   Group<step * pixelGroup> lowerGroup;
   for (std::size_t pixel = 0; pixel < pixels; pixel += pixelGroup) {
-    const std::size_t offset = step * pixel * channels;
+    const std::size_t offset = step * pixel * samplesPerPixel;
     const std::size_t rest = step * (pixels - pixel);
     load(upperGroup.read(upper + offset, rest), lowerGroup.read(lower + offset, rest), pixel);
   }
@@ -88,8 +89,8 @@ HWY_INLINE void forGroups(const std::uint8_t* upper, const std::uint8_t* lower, 
 
 void loadRow(const std::uint8_t* levels, std::size_t pixels, std::int16_t* samples) {
   forGroups<1>(levels, levels, pixels, [&](auto* group, auto*, std::size_t pixel) HWY_ATTR {
-    for (std::size_t i = 0; i < pixelGroup * channels; i += hn::Lanes(samplesTag)) {
-      storeSamples(premultiplied(group + i), samples + pixel * channels + i);
+    for (std::size_t i = 0; i < pixelGroup * samplesPerPixel; i += hn::Lanes(samplesTag)) {
+      storeSamples(premultiplied(group + i), samples + pixel * samplesPerPixel + i);
     }
   });
 }
@@ -98,8 +99,8 @@ void loadRowPair(const std::uint8_t* upper, const std::uint8_t* lower, std::size
                  std::int16_t* rowPair) {
   const std::size_t lanes = hn::Lanes(samplesTag);
   forGroups<1>(upper, lower, pixels, [&](auto* up, auto* low, std::size_t pixel) HWY_ATTR {
-    std::int16_t* out = rowPair + 2 * pixel * channels;
-    for (std::size_t i = 0; i < pixelGroup * channels; i += lanes) {
+    std::int16_t* out = rowPair + 2 * pixel * samplesPerPixel;
+    for (std::size_t i = 0; i < pixelGroup * samplesPerPixel; i += lanes) {
       const Unsigned a = premultiplied(up + i);
       const Unsigned b = premultiplied(low + i);
       storeSamples(hn::InterleaveLower(unsignedTag, a, b), out + 2 * i);
@@ -121,10 +122,10 @@ void loadHalvedRow(const std::uint8_t* upper, const std::uint8_t* lower, std::si
                    std::int16_t* samples) {
   const std::size_t lanes = hn::Lanes(samplesTag);
   forGroups<2>(upper, lower, pixels, [&](auto* up, auto* low, std::size_t pixel) HWY_ATTR {
-    for (std::size_t i = 0; i < pixelGroup * channels; i += lanes) {
+    for (std::size_t i = 0; i < pixelGroup * samplesPerPixel; i += lanes) {
       storeSamples(halved(premultiplied(up + 2 * i), premultiplied(up + 2 * i + lanes),
                           premultiplied(low + 2 * i), premultiplied(low + 2 * i + lanes)),
-                   samples + pixel * channels + i);
+                   samples + pixel * samplesPerPixel + i);
     }
   });
 }
@@ -134,7 +135,7 @@ void halveRows(const std::int16_t* upper, const std::int16_t* lower, std::size_t
   const std::size_t lanes = hn::Lanes(samplesTag);
   const auto load = [](const std::int16_t* from)
                         HWY_ATTR { return hn::BitCast(unsignedTag, hn::Load(samplesTag, from)); };
-  for (std::size_t i = 0; i < pixels * channels; i += lanes) {
+  for (std::size_t i = 0; i < pixels * samplesPerPixel; i += lanes) {
     storeSamples(halved(load(upper + 2 * i), load(upper + 2 * i + lanes), load(lower + 2 * i),
                         load(lower + 2 * i + lanes)),
                  samples + i);
@@ -183,11 +184,11 @@ HWY_INLINE void storeVector(const std::int16_t* samples, std::uint8_t* levels) {
 
 void storeRow(const std::int16_t* samples, std::size_t pixels, std::uint8_t* levels) {
   const std::size_t lanes = hn::Lanes(samplesTag);
-  const std::size_t end = pixels * channels;
+  const std::size_t end = pixels * samplesPerPixel;
   std::size_t i = 0;
   for (; i + lanes <= end; i += lanes) storeVector(samples + i, levels + i);
   if (i < end) {
-    std::array<std::uint8_t, pixelGroup * channels> last;
+    std::array<std::uint8_t, pixelGroup * samplesPerPixel> last;
     storeVector(samples + i, last.data());
     std::memcpy(levels + i, last.data(), end - i);
   }

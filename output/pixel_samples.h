@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "platform/picture.h"
+
 // Between the pixels of bitmaps and the samples that the resampler works on: colours with alpha
 // multiplied in, and alpha, in 100 steps for each of the 255 levels. That leaves a signed 16-bit
 // number the room that an overshooting kernel needs.
@@ -11,7 +13,7 @@
 // cache line and have room for whole groups of pixels, which is what is written.
 namespace tessarine {
 
-inline constexpr std::size_t channels = 4;
+inline constexpr std::size_t samplesPerPixel = Bitmap::bytesPerPixel;
 inline constexpr std::size_t pixelGroup = 32;
 
 constexpr std::size_t wholeGroups(std::size_t pixels) {

@@ -2,8 +2,6 @@
 
 // The part between HWY_BEFORE_NAMESPACE and HWY_AFTER_NAMESPACE is compiled once for every
 // instruction set; the one to use is chosen when the program runs.
-// Those of the resampler: one program has one list of them.
-#define HWY_DISABLED_TARGETS (HWY_SVE | HWY_SVE2 | HWY_SVE_256 | HWY_SVE2_128 | HWY_RVV)
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "output/png_filters.cpp"
 #include <hwy/foreach_target.h>

@@ -59,21 +59,20 @@ std::optional<Picture> resizedImage(const Picture& source, std::int64_t width,
                                     std::int64_t height) try {
   Picture result{{width, height}, std::nullopt};
   const auto bytes = Bitmap::byteCount(result.points);
-  auto pixels = bytes ? MemoryBlock::allocate(*bytes) : std::nullopt;
+  if (!bytes) return result;
+  const PixelSize size = source.bitmap ? source.bitmap->size() : result.points;
+  const PixelSize step{firstStep(size.width, width), firstStep(size.height, height)};
+  if (step != size) {
+    const auto smaller = resizedImage(source, step.width, step.height);
+    if (!smaller || !smaller->bitmap) return std::nullopt;
+    return resizedImage(*smaller, width, height);
+  }
+  auto pixels = MemoryBlock::allocate(*bytes);
   if (!pixels) return result;
-  if (source.bitmap) {
-    const PixelSize size = source.bitmap->size();
-    const PixelSize step{firstStep(size.width, width), firstStep(size.height, height)};
-    if (step != size) {
-      const auto smaller = resizedImage(source, step.width, step.height);
-      if (!smaller || !smaller->bitmap) return std::nullopt;
-      return resizedImage(*smaller, width, height);
-    }
-    if (size == result.points) {
-      copyVisible(source.bitmap->pixels(), pixels->bytes());
-    } else {
-      resample(*source.bitmap, result.points, pixels->bytes());
-    }
+  if (source.bitmap && size == result.points) {
+    copyVisible(source.bitmap->pixels(), pixels->bytes());
+  } else if (source.bitmap) {
+    resample(*source.bitmap, result.points, pixels->bytes());
   }
   result.bitmap.emplace(result.points, ByteBuffer(*std::move(pixels)));
   return result;

@@ -6,8 +6,6 @@
 #include "output/pixel_samples.h"
 #include "output/taps.h"
 
-// Vectors whose length is not known before the program runs narrow their lanes in another order.
-#define HWY_DISABLED_TARGETS (HWY_SVE | HWY_SVE2 | HWY_SVE_256 | HWY_SVE2_128 | HWY_RVV)
 // The part between HWY_BEFORE_NAMESPACE and HWY_AFTER_NAMESPACE is compiled once for every
 // instruction set; the one to use is chosen when the program runs.
 #undef HWY_TARGET_INCLUDE
@@ -64,7 +62,7 @@ HWY_INLINE hn::Vec<D> rounded(D d, Sums first, Sums second) {
 void pairRows(const std::int16_t* upper, const std::int16_t* lower, std::size_t pixels,
               std::int16_t* rowPair) {
   const std::size_t lanes = hn::Lanes(samplesTag);
-  for (std::size_t i = 0; i < pixels * channels; i += lanes) {
+  for (std::size_t i = 0; i < pixels * samplesPerPixel; i += lanes) {
     const Samples a = hn::Load(samplesTag, upper + i);
     const Samples b = hn::Load(samplesTag, lower + i);
     hn::Store(hn::InterleaveLower(samplesTag, a, b), samplesTag, rowPair + 2 * i);
@@ -77,7 +75,7 @@ void pairColumns(const std::int16_t* samples, std::size_t pixels, std::int16_t* 
                                                                 4, 5, 12, 13, 6, 7, 14, 15};
   const hn::Repartition<std::uint8_t, decltype(samplesTag)> bytes;
   const auto order = hn::LoadDup128(bytes, sameChannels);
-  for (std::size_t i = 0; i < pixels * channels; i += hn::Lanes(samplesTag)) {
+  for (std::size_t i = 0; i < pixels * samplesPerPixel; i += hn::Lanes(samplesTag)) {
     const auto row = hn::BitCast(bytes, hn::Load(samplesTag, samples + i));
     hn::Store(hn::BitCast(samplesTag, hn::TableLookupBytes(row, order)), samplesTag,
               columnPairs + i);
@@ -89,7 +87,7 @@ void addRows(const std::int16_t* const* rowPairs, std::size_t pairs, const std::
   // As many as the registers hold: each weight is loaded once for all of them.
   constexpr std::size_t unrolled = 8;
   const std::size_t lanes = hn::Lanes(samplesTag);
-  for (std::size_t i = 0; i < 2 * pixels * channels; i += unrolled * lanes) {
+  for (std::size_t i = 0; i < 2 * pixels * samplesPerPixel; i += unrolled * lanes) {
     PairSums<decltype(samplesTag)> s0, s1, s2, s3, s4, s5, s6, s7;
     for (std::size_t pair = 0; pair < pairs; ++pair) {
       const Samples weight = repeated(samplesTag, weights + 2 * pair);
@@ -118,7 +116,7 @@ void addRows(const std::int16_t* const* rowPairs, std::size_t pairs, const std::
 void takeSums(std::int32_t* sums, std::size_t pixels, std::int16_t* samples) {
   constexpr hn::RepartitionToWide<decltype(samplesTag)> sumsTag;
   const std::size_t lanes = hn::Lanes(samplesTag);
-  for (std::size_t i = 0; i < pixels * channels; i += lanes) {
+  for (std::size_t i = 0; i < pixels * samplesPerPixel; i += lanes) {
     std::int32_t* second = sums + i + lanes / 2;
     hn::Store(rounded(samplesTag, hn::Load(sumsTag, sums + i), hn::Load(sumsTag, second)),
               samplesTag, samples + i);
@@ -128,15 +126,16 @@ void takeSums(std::int32_t* sums, std::size_t pixels, std::int16_t* samples) {
 }
 
 // Two columns of four channels fill 16 bytes, whatever the processor's vectors hold.
-constexpr hn::FixedTag<std::int16_t, 2 * channels> columnsTag;
+constexpr hn::FixedTag<std::int16_t, 2 * samplesPerPixel> columnsTag;
 
 HWY_INLINE auto mixedColumn(const std::int16_t* columnPairs, const ColumnTaps& taps,
                             std::size_t pixel) {
-  const std::int16_t* pairs = columnPairs + taps.firsts[pixel] * channels;
+  const std::int16_t* pairs = columnPairs + taps.firsts[pixel] * samplesPerPixel;
   const std::int16_t* weights = taps.weights + pixel * taps.count;
   PairSums<decltype(columnsTag)> sums;
   for (std::size_t tap = 0; tap < taps.count; tap += 2) {
-    sums.add(hn::LoadU(columnsTag, pairs + tap * channels), repeated(columnsTag, weights + tap));
+    sums.add(hn::LoadU(columnsTag, pairs + tap * samplesPerPixel),
+             repeated(columnsTag, weights + tap));
   }
   return sums.value();
 }
@@ -146,7 +145,7 @@ void mixColumns(const std::int16_t* columnPairs, const ColumnTaps& taps, std::si
   for (std::size_t pixel = 0; pixel < pixels; pixel += 2) {
     hn::Store(rounded(columnsTag, mixedColumn(columnPairs, taps, pixel),
                       mixedColumn(columnPairs, taps, pixel + 1)),
-              columnsTag, samples + pixel * channels);
+              columnsTag, samples + pixel * samplesPerPixel);
   }
 }
 

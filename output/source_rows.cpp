@@ -37,12 +37,12 @@ SourceRows::SourceRows(const Bitmap& bitmap, int halvings, std::size_t pixelsAtO
   for (int level = 1; level <= halvings; ++level) {
     const std::size_t pixels = wholeGroups(pixelsAtOnce << (halvings - level));
     auto& rows = rows_[static_cast<std::size_t>(level - 1)];
-    rows.fill(Scratch<std::int16_t>(pixels * channels));
+    rows.fill(Scratch<std::int16_t>(pixels * samplesPerPixel));
   }
 }
 
 const std::uint8_t* SourceRows::levels(std::int64_t y, std::size_t x) const noexcept {
-  return bitmap_.row(y).data() + x * channels;
+  return bitmap_.row(y).data() + x * samplesPerPixel;
 }
 
 void SourceRows::load(int halvings, std::int64_t y, std::size_t x, std::size_t pixels,

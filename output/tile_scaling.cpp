@@ -19,7 +19,7 @@ constexpr std::int64_t batchPairs = 8;
 // An output row that grows while the source is read.
 struct GrowingRow {
   GrowingRow(std::size_t maximumTaps, std::size_t pixels)
-      : weights(maximumTaps), sums(pixels * channels) {}
+      : weights(maximumTaps), sums(pixels * samplesPerPixel) {}
 
   std::int64_t firstPair = 0;
   std::int64_t endPair = 0;
@@ -70,11 +70,11 @@ class Batch {
     if (from >= to) return;
     addRows(rows_.data() + (from - begin), static_cast<std::size_t>(to - from),
             row.weights.data() + 2 * (from - row.firstPair), pixels,
-            row.sums.data() + x * channels);
+            row.sums.data() + x * samplesPerPixel);
   }
 
  private:
-  static constexpr std::size_t pairSamples = 2 * stripPixels * channels;
+  static constexpr std::size_t pairSamples = 2 * stripPixels * samplesPerPixel;
 
   Scratch<std::int16_t> samples_;
   std::array<const std::int16_t*, batchPairs> rows_;
@@ -87,9 +87,9 @@ void mixRowsFirst(SourceRows& source, const ColumnTable& columns, Axis& rows,
   const std::size_t width = columns.sourceColumns();
   GrowingRows growing(rows, columns.sourceRoom());
   Batch batch;
-  Scratch<std::int16_t> mixed(columns.sourceRoom() * channels);
-  Scratch<std::int16_t> columnPairs(columns.sourceRoom() * channels);
-  Scratch<std::int16_t> samples(wholeGroups(columns.columns()) * channels);
+  Scratch<std::int16_t> mixed(columns.sourceRoom() * samplesPerPixel);
+  Scratch<std::int16_t> columnPairs(columns.sourceRoom() * samplesPerPixel);
+  Scratch<std::int16_t> samples(wholeGroups(columns.columns()) * samplesPerPixel);
 
   std::int64_t started = 0;
   std::int64_t finished = 0;
@@ -122,9 +122,9 @@ void mixColumnsFirst(const Bitmap& source, const ColumnTable& columns, Axis& row
                      const TileRows& output) {
   // Four taps, the most when enlarging, touch no more than three pairs.
   constexpr std::size_t keptPairs = 3;
-  const std::size_t room = wholeGroups(columns.columns()) * channels;
-  Scratch<std::int16_t> loaded(columns.sourceRoom() * channels);
-  Scratch<std::int16_t> columnPairs(columns.sourceRoom() * channels);
+  const std::size_t room = wholeGroups(columns.columns()) * samplesPerPixel;
+  Scratch<std::int16_t> loaded(columns.sourceRoom() * samplesPerPixel);
+  Scratch<std::int16_t> columnPairs(columns.sourceRoom() * samplesPerPixel);
   Scratch<std::int16_t> upper(room);
   Scratch<std::int16_t> lower(room);
   std::vector<Scratch<std::int16_t>> kept(keptPairs, Scratch<std::int16_t>(2 * room));
@@ -133,7 +133,8 @@ void mixColumnsFirst(const Bitmap& source, const ColumnTable& columns, Axis& row
 
   const auto mixRow = [&](std::int64_t y, Scratch<std::int16_t>& samples) {
     const auto row = source.row(std::min(y, rows.source() - 1));
-    loadRow(&row[columns.firstSourceColumn() * channels], columns.sourceColumns(), loaded.data());
+    loadRow(&row[columns.firstSourceColumn() * samplesPerPixel], columns.sourceColumns(),
+            loaded.data());
     pairColumns(loaded.data(), columns.sourceColumns(), columnPairs.data());
     mixColumns(columnPairs.data(), columns.taps(), columns.columns(), samples.data());
   };

@@ -8,6 +8,15 @@
 #include "output/taps.h"
 #include "platform/picture.h"
 
+// A picture is scaled in tiles, runs of output columns over its whole height, so that working
+// memory depends neither on its width nor on its height. Fewer rows are made first where rows get
+// fewer, and last where they get more, so that the second axis has the least to do:
+//
+//   shrinking:  source rows -> pairs -> added by weight to output rows -> columns mixed -> stored
+//   enlarging:  source rows -> columns mixed -> pairs -> output rows added by weight -> stored
+//
+// When shrinking, the source is read in batches of a few pairs of rows, and a batch in strips of
+// columns that stay in the fastest cache while they are added to every output row that they touch.
 namespace tessarine {
 
 // Rows of a tile inside a bitmap.

@@ -2,7 +2,6 @@
 #include <malloc.h>
 #include <sys/resource.h>
 
-#include <malloc.h>
 #include <cstdlib>
 #include <fstream>
 

@@ -1,5 +1,6 @@
 #include "platform/qt/card_button.h"
 
+#include <QFontInfo>
 #include <QFontMetrics>
 #include <QPainter>
 #include <QStyleOptionButton>
@@ -39,10 +40,14 @@ QColor accentOf(const QStyleOption& option) {
   return usable(option) ? line : secondaryText(option.palette);
 }
 
-void paintArrow(QPainter& painter, const QRect& place, const QColor& color) {
-  const QPointF tip(place.center().x() + 3, place.center().y() + 0.5);
+// Towards the end of a line of text.
+void paintArrow(QPainter& painter, const QRect& place, Qt::LayoutDirection direction,
+                const QColor& color) {
+  const double ahead = direction == Qt::LeftToRight ? 1.0 : -1.0;
+  const QPointF tip(place.center().x() + 3 * ahead, place.center().y() + 0.5);
   painter.setPen(QPen(color, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-  painter.drawPolyline(QPolygonF{tip + QPointF(-4.5, -4.5), tip, tip + QPointF(-4.5, 4.5)});
+  painter.drawPolyline(
+      QPolygonF{tip + QPointF(-4.5 * ahead, -4.5), tip, tip + QPointF(-4.5 * ahead, 4.5)});
 }
 
 }  // namespace
@@ -83,7 +88,8 @@ QFont CardButton::titleFont() const {
 
 QFont CardButton::subtitleFont() const {
   QFont font = this->font();
-  font.setPointSizeF(font.pointSizeF() * 0.92);
+  // The font itself knows no points where it was set in pixels.
+  font.setPointSizeF(QFontInfo(font).pointSizeF() * 0.92);
   return font;
 }
 
@@ -144,13 +150,14 @@ void CardButton::paintTexts(QPainter& painter, const QStyleOptionButton& option,
   const QColor strong = option.palette.color(QPalette::Active, QPalette::WindowText);
   const QColor soft = secondaryText(option.palette);
   const bool underlined = style()->styleHint(QStyle::SH_UnderlineShortcut, &option, this) != 0;
+  const int leading = QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft);
   painter.setFont(titleFont());
   painter.setPen(usable(option) ? strong : soft);
   const int mnemonic = underlined ? Qt::TextShowMnemonic : Qt::TextHideMnemonic;
-  painter.drawText(place, Qt::AlignTop | Qt::AlignLeft | Qt::TextSingleLine | mnemonic, text());
+  painter.drawText(place, Qt::AlignTop | leading | Qt::TextSingleLine | mnemonic, text());
   painter.setFont(subtitleFont());
   painter.setPen(soft);
-  painter.drawText(place, Qt::AlignBottom | Qt::AlignLeft | Qt::TextSingleLine, subtitle_);
+  painter.drawText(place, Qt::AlignBottom | leading | Qt::TextSingleLine, subtitle_);
 }
 
 void CardButton::paintEvent(QPaintEvent*) {
@@ -180,8 +187,9 @@ void CardButton::paintEvent(QPaintEvent*) {
   paintBadge(painter, option, mirrored(badge));
   paintTexts(painter, option, mirrored(texts));
   if (leadsOn_) {
-    paintArrow(painter, QRect(inside.right() - arrowSpace, 0, arrowSpace, rect().height()),
-               secondaryText(option.palette));
+    paintArrow(painter,
+               mirrored(QRect(inside.right() - arrowSpace, 0, arrowSpace, rect().height())),
+               layoutDirection(), secondaryText(option.palette));
   }
 }
 

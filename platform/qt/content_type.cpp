@@ -1,35 +1,39 @@
 #include "platform/qt/content_type.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <QFile>
 #include <QMimeDatabase>
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
-#include <system_error>
 
 namespace tessarine {
 
 namespace {
 
-// As many bytes as the shared database's rules look at.
-constexpr qsizetype sniffedBytes = 16384;
-
-// Read by bytes and not through QFile, which cannot open a name that is not text.
-QByteArray beginningOf(const std::string& path) {
-  QByteArray bytes(sniffedBytes, Qt::Uninitialized);
-  std::ifstream file(path, std::ios::binary);
-  file.read(bytes.data(), bytes.size());
-  bytes.truncate(static_cast<qsizetype>(file.gcount()));
-  return bytes;
+// Opened once, by bytes: a name need not be text, and whatever the path names by the time of the
+// opening, waiting for a pipe's other end is not part of it.
+bool openRegularFile(const std::string& path, QFile& file) {
+  const int descriptor = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
+  if (descriptor < 0) return false;
+  struct stat status {};
+  if (::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode) ||
+      !file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) {
+    ::close(descriptor);
+    return false;
+  }
+  return true;
 }
 
 }  // namespace
 
 bool conformsToTypes(const std::string& path, const std::vector<std::string>& types) {
-  std::error_code ignored;
-  if (!std::filesystem::is_regular_file(path, ignored)) return false;
+  QFile file;
+  if (!openRegularFile(path, file)) return false;
+  // The contents are read only where the name leaves the type open.
   const QMimeType type = QMimeDatabase().mimeTypeForFileNameAndData(
-      QFile::decodeName(QByteArray::fromStdString(path)), beginningOf(path));
+      QFile::decodeName(QByteArray::fromStdString(path)), &file);
   return std::ranges::any_of(
       types, [&](const std::string& each) { return type.inherits(QString::fromStdString(each)); });
 }

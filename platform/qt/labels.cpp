@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QFontInfo>
 
 #include "platform/qt/colors.h"
 
@@ -11,7 +12,7 @@ namespace {
 
 QFont headingFont() {
   QFont font = QApplication::font();
-  font.setPointSizeF(font.pointSizeF() * 1.6);
+  font.setPointSizeF(QFontInfo(font).pointSizeF() * 1.6);
   font.setWeight(QFont::DemiBold);
   return font;
 }

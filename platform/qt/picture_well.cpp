@@ -83,18 +83,20 @@ void PictureWell::setWantsLayer(bool wanted) {
 }
 
 void PictureWell::setImage(const std::optional<Picture>& picture) {
+  held_.reset();
   preview_.reset();
   shown_ = {};
+  shownSize_ = {};
   if (picture && picture->bitmap) {
-    points_ = picture->points;
+    held_ = picture->points;
     preview_ = picture;
-    if (std::max(points_.width, points_.height) > previewSide) {
-      const PixelSize size = fitted(points_, previewSide, previewSide, 1.0);
+    if (std::max(held_->width, held_->height) > previewSide) {
+      const PixelSize size = fitted(*held_, previewSide, previewSide, 1.0);
       preview_ = scaler_(*picture, size.width, size.height);
     }
   }
-  describe(preview_ ? tr("%1 × %2 pixels").arg(points_.width).arg(points_.height)
-                    : tr("No picture yet"));
+  describe(held_ ? tr("%1 × %2 pixels").arg(held_->width).arg(held_->height)
+                 : tr("No picture yet"));
   update();
 }
 
@@ -105,10 +107,11 @@ void PictureWell::describe(const QString& description) {
 
 const QImage& PictureWell::imageFor(const QRect& place) {
   const double ratio = devicePixelRatioF();
-  const PixelSize size = fitted(points_, place.width() * ratio, place.height() * ratio, ratio);
-  if (shown_.width() != size.width || shown_.height() != size.height) {
-    const auto scaled = scaler_(*preview_, size.width, size.height);
+  const PixelSize size = fitted(*held_, place.width() * ratio, place.height() * ratio, ratio);
+  if (size != shownSize_) {
+    const auto scaled = preview_ ? scaler_(*preview_, size.width, size.height) : std::nullopt;
     shown_ = scaled ? imageOf(*scaled) : QImage();
+    shownSize_ = size;
   }
   shown_.setDevicePixelRatio(ratio);
   return shown_;
@@ -116,6 +119,7 @@ const QImage& PictureWell::imageFor(const QRect& place) {
 
 void PictureWell::paintPicture(QPainter& painter, const QRect& place) {
   const QImage& image = imageFor(place);
+  if (image.isNull()) return;  // held, but there was no memory to scale it
   const double ratio = image.devicePixelRatio();
   // On whole pixels of the screen, or the picture would be blurred.
   const auto start = [ratio](int length, int pixels) {
@@ -131,7 +135,7 @@ void PictureWell::paintInvitation(QPainter& painter, const QRect& place) const {
   const QString title = tr("Drop a picture here");
   const QString note = tr("Anywhere in this window will do");
   QFont strong = font();
-  strong.setPointSizeF(strong.pointSizeF() * 1.15);
+  strong.setPointSizeF(QFontInfo(strong).pointSizeF() * 1.15);
   strong.setWeight(QFont::DemiBold);
   const int flags = Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap;
   const QRect titleBox = QFontMetrics(strong).boundingRect(place, flags, title);
@@ -159,7 +163,7 @@ void PictureWell::paintEvent(QPaintEvent*) {
   painter.setBrush(palette().color(QPalette::Base));
   painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
   const QRect place = rect().adjusted(pictureMargin, pictureMargin, -pictureMargin, -pictureMargin);
-  if (preview_) {
+  if (held_) {
     paintPicture(painter, place);
   } else {
     paintInvitation(painter, place);

@@ -46,9 +46,12 @@ class PictureWell final : public QWidget, public ImageView {
 
   PictureScaler scaler_;
   std::optional<FrameLayer> layer_;
-  PixelSize points_;
+  // The size of the held picture, in points.
+  std::optional<PixelSize> held_;
   std::optional<Picture> preview_;
+  // What was made of it for the screen, and for which size, whether or not it could be made.
   QImage shown_;
+  PixelSize shownSize_;
 };
 
 }  // namespace tessarine

@@ -17,7 +17,7 @@ namespace tessarine {
 
 namespace {
 
-// Standard output leads nowhere for as long as this lives, so that a helper started meanwhile
+// Standard output leads nowhere for as long as this lives, so that a program started meanwhile
 // neither writes among our lines nor keeps a reader of them waiting for their end.
 class SilentStandardOutput {
  public:
@@ -29,6 +29,10 @@ class SilentStandardOutput {
     ::close(nowhere);
   }
   ~SilentStandardOutput() {
+    if (kept_ < 0) {
+      ::close(STDOUT_FILENO);  // as it was before
+      return;
+    }
     ::dup2(kept_, STDOUT_FILENO);
     ::close(kept_);
   }

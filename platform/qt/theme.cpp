@@ -47,12 +47,17 @@ Theme::Theme(QApplication& application) : QObject(&application) {
   if (!ownPalette) return;
 
   setDark(false);
+  // One source alone tells the colours: Qt where it knows them, else the desktop's portal.
 #if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0)
-  const auto followQt = [this](Qt::ColorScheme scheme) {
-    setDark(scheme == Qt::ColorScheme::Dark);
-  };
-  followQt(application.styleHints()->colorScheme());
-  connect(application.styleHints(), &QStyleHints::colorSchemeChanged, this, followQt);
+  const QStyleHints* hints = application.styleHints();
+  if (hints->colorScheme() != Qt::ColorScheme::Unknown) {
+    const auto follow = [this](Qt::ColorScheme scheme) {
+      setDark(scheme == Qt::ColorScheme::Dark);
+    };
+    follow(hints->colorScheme());
+    connect(hints, &QStyleHints::colorSchemeChanged, this, follow);
+    return;
+  }
 #endif
   auto* scheme = new DesktopColorScheme(this);
   connect(scheme, &DesktopColorScheme::told, this, &Theme::setDark);

@@ -64,6 +64,7 @@ TEST_F(ScreensTest, EveryFieldHasANameAndAPlaceholder) {
     for (const auto& [part, label, placeholder] : fields) {
       auto& field = in<QLineEdit>(custom(), name + part.toStdString());
       EXPECT_EQ(accessible(field).text(QAccessible::Name), label);
+      EXPECT_NE(accessible(field).text(QAccessible::Description), "");
       EXPECT_EQ(accessible(field).role(), QAccessible::EditableText);
       EXPECT_EQ(field.placeholderText(), placeholder);
       EXPECT_EQ(field.text(), "");

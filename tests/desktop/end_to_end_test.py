@@ -6,7 +6,7 @@ import sys
 import unittest
 
 from file_manager import FileManager
-from pixels import plain_png
+from pixels import grab, plain_png
 from pointer import Drag, press_key, type_text, window_of, xdotool
 from services import Services
 from session import Session, wait_for
@@ -14,6 +14,7 @@ from session import Session, wait_for
 executable = os.path.abspath(sys.argv.pop(1))
 panel_title = "Choose directory to save new app icons"
 generation_buttons = ("iOS", "macOS", "Apple Watch", "Windows 10")
+light_ground, dark_ground = (0xF6, 0xF6, 0xF8), (0x1F, 0x1F, 0x24)
 magenta, green = (230, 0, 126), (0, 160, 60)
 
 
@@ -96,6 +97,18 @@ class EndToEnd(unittest.TestCase):
         self.assertEqual(len(os.listdir(folder)), 24)
         self.assertEqual(os.path.getsize(os.path.join(folder, "Contents.json")), 2921)
         self.assertEqual(self.program.printed(), [])
+        self.close()
+
+    def test_follows_the_desktop_into_dark_colours_and_back(self):
+        def ground():
+            return grab(self.program.window).at(4, 300)
+
+        self.addCleanup(services.set_color_scheme, 0)
+        wait_for(lambda: ground() == light_ground, "the painted window")
+        services.set_color_scheme(1)
+        wait_for(lambda: ground() == dark_ground, "dark colours")
+        services.set_color_scheme(0)
+        wait_for(lambda: ground() == light_ground, "light colours")
         self.close()
 
     def test_a_drag_that_leaves_changes_nothing(self):

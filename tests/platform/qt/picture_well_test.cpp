@@ -107,11 +107,18 @@ TEST_F(PictureWellTest, InvitesWhileItHoldsNothing) {
   EXPECT_TRUE(sizes_.size() == 1);
 }
 
-TEST_F(PictureWellTest, InvitesWhereAPictureCannotBeScaled) {
+TEST_F(PictureWellTest, TellsOfAPictureThatCannotBeScaledAndTriesOnce) {
   const QImage inviting = painted(well_);
-  well_.setScaler([](const Picture&, std::int64_t, std::int64_t) { return std::nullopt; });
-  well_.setImage(plainPicture({4096, 10}));
-  EXPECT_EQ(painted(well_), inviting);
+  int tries = 0;
+  well_.setScaler([&](const Picture&, std::int64_t, std::int64_t) {
+    ++tries;
+    return std::nullopt;
+  });
+  well_.setImage(plainPicture({1200, 10}));
+  EXPECT_NE(painted(well_), inviting);
+  painted(well_);
+  EXPECT_EQ(tries, 1);
+  EXPECT_EQ(well_.accessibleDescription(), "1200 × 10 pixels");
 }
 
 TEST_F(PictureWellTest, FramesItselfByItsLayer) {

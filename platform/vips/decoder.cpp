@@ -7,6 +7,7 @@
 #include "platform/vips/formats.h"
 #include "platform/vips/held_tiff.h"
 #include "platform/vips/loader.h"
+#include "platform/vips/magic.h"
 #include "platform/vips/raster.h"
 #include "platform/vips/regular_file.h"
 #include "platform/vips/srgb.h"
@@ -59,6 +60,7 @@ Decoded decodeAs(const Format& format, const ByteBuffer& bytes) {
   if (format.declaredSize != nullptr) {
     const PixelSize size = format.declaredSize(headOf(bytes));
     if (!isPlausible(size, bytes.bytes().size())) return refused(tooManyPixels(size));
+    if (magic::looksLikeAnother(headOf(bytes))) return damaged(format);
   }
   auto image = loadHeader(format, bytes);
   if (image == nullptr) return damaged(format);

@@ -25,6 +25,11 @@ Bytes behindScan(Bytes rest) {
   return {};
 }
 
+// Markers without a length, and what is no marker at all.
+bool standsAlone(std::uint8_t marker) {
+  return marker <= 0x01 || (marker >= 0xd0 && marker <= 0xd8);
+}
+
 bool isFrame(std::uint8_t marker) {
   // Among the frame headers' numbers stand three markers of other meaning.
   return marker >= 0xc0 && marker <= 0xcf && marker != 0xc4 && marker != 0xc8 && marker != 0xcc;
@@ -39,8 +44,12 @@ std::optional<ByteBuffer> ofFewScans(const ByteBuffer& file) {
   std::int64_t work = 0;
   Bytes rest = file.bytes().subspan(std::min<std::size_t>(2, file.bytes().size()));
   while (rest.size() >= 4) {
-    if (rest[0] != 0xff || rest[1] == 0xff || rest[1] == 0x01) {
+    if (rest[0] != 0xff || rest[1] == 0xff) {
       rest = rest.subspan(1);
+      continue;
+    }
+    if (standsAlone(rest[1])) {
+      rest = rest.subspan(2);
       continue;
     }
     const auto marker = rest[1];

@@ -89,23 +89,43 @@ Owned<VipsImage> draw(const Format& format, std::span<const std::uint8_t> bytes,
                                          : drawSVG(source.get(), scale);
 }
 
-// By how much to enlarge a drawing of this size: to be as large as the largest file in both
-// directions, within the limits of a bitmap.
-double enlargement(double width, double height) {
-  const double wanted = std::max(vectorWidth / width, vectorHeight / height);
-  const double areaLimit = std::sqrt(static_cast<double>(maximumPixels) / (width * height));
-  return std::min(wanted, areaLimit);
+bool isTooLarge(double width, double height) {
+  return width * height > static_cast<double>(maximumPixels);
+}
+
+// The sizes that the library tells are rounded, so that a scale computed from them is tried and
+// put right until the drawing is large enough, or as large as a bitmap may be.
+Owned<VipsImage> drawLargeEnough(const Format& format, std::span<const std::uint8_t> bytes) {
+  constexpr int trials = 6;
+  double scale = 1;
+  bool isLimited = false;
+  for (int trial = 0; trial < trials; ++trial) {
+    auto image = draw(format, bytes, scale);
+    if (image == nullptr) return nullptr;
+    const double width = vips_image_get_width(image.get());
+    const double height = vips_image_get_height(image.get());
+    const double wanted = std::max(vectorWidth / width, vectorHeight / height);
+    const double limit = std::sqrt(static_cast<double>(maximumPixels) / (width * height));
+    if (trial == 0) {
+      isLimited = limit < wanted;
+      scale = std::min(wanted, limit);
+    } else if (isTooLarge(width, height)) {
+      isLimited = true;
+      scale *= std::min(limit, 0.995);
+    } else if (wanted <= 1 || isLimited) {
+      return image;
+    } else {
+      scale *= wanted;
+    }
+  }
+  return nullptr;
 }
 
 }  // namespace
 
 Owned<VipsImage> loadHeader(const Format& format, const ByteBuffer& bytes) {
-  if (!format.isVector) return loadRaster(format, bytes.bytes());
-  const auto image = draw(format, bytes.bytes(), 1);
-  if (image == nullptr) return nullptr;
-  const double width = vips_image_get_width(image.get());
-  const double height = vips_image_get_height(image.get());
-  return draw(format, bytes.bytes(), enlargement(width, height));
+  return format.isVector ? drawLargeEnough(format, bytes.bytes())
+                         : loadRaster(format, bytes.bytes());
 }
 
 }  // namespace tessarine

@@ -142,6 +142,11 @@ bool tga(Head head) {
   return sized && depthFits && mapFits && descriptorFits;
 }
 
+bool looksLikeAnother(Head head) {
+  return has(head, 0, "\xab\x01"sv) || has(head, 21, "version: MIL-STD-1840"sv) ||
+         has(head, 128, "DICM"sv) || has(head, 2048, "PCD_"sv);
+}
+
 PixelSize sizeOfBMP(Head head) {
   if (head.size() < 26) return {};
   if (head[14] == 12) return {little16(head, 18), little16(head, 20)};

@@ -25,6 +25,9 @@ bool psd(Head head);
 // The format has no magic number: every field of its header must be plausible.
 bool tga(Head head);
 
+// Whether ImageMagick, which looks for marks of its own, may take the file for another kind.
+bool looksLikeAnother(Head head);
+
 // The size that the head declares. For the kinds whose library takes memory for the pixels before
 // it tells the size.
 PixelSize sizeOfBMP(Head head);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -33,9 +34,10 @@ struct Inspection {
 
 void inspect(Head drawing, Inspection& inspection);
 
-std::int64_t pixelsOf(const Format& format, const ByteBuffer& bytes) {
+// Nothing for a picture that we cannot read; the library of the drawing may.
+std::optional<std::int64_t> pixelsOf(const Format& format, const ByteBuffer& bytes) {
   const auto image = loadHeader(format, bytes);
-  if (image == nullptr) return 0;
+  if (image == nullptr) return std::nullopt;
   return std::int64_t{vips_image_get_width(image.get())} * vips_image_get_height(image.get());
 }
 
@@ -53,8 +55,9 @@ void inspectPicture(Head bytes, Inspection& inspection) {
     inspection.isBearable = inside.isBearable;
   } else if (magic::png(head) || magic::jpeg(head)) {
     const auto prepared = format->prepare(view);
-    inspection.pixels += pixelsOf(*format, view);
-    inspection.isBearable = prepared &&
+    const auto pixels = pixelsOf(*format, view);
+    inspection.pixels += pixels.value_or(0);
+    inspection.isBearable = prepared && pixels &&
                             bytes.size() - prepared->bytes().size() <= maximumTextBytes &&
                             inspection.pixels <= maximumPixelsInside;
   } else {
@@ -65,25 +68,35 @@ void inspectPicture(Head bytes, Inspection& inspection) {
 struct FreeMemory {
   void operator()(void* memory) const noexcept { g_free(memory); }
 };
+struct FreeBytes {
+  void operator()(GBytes* bytes) const noexcept { g_bytes_unref(bytes); }
+};
 
-void inspectAddress(std::string address, Inspection& inspection) {
-  const auto isSpace = [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; };
-  address.erase(address.begin(), std::ranges::find_if_not(address, isSpace));
-  if (g_ascii_strncasecmp(address.c_str(), "data:", 5) != 0) return;
+// The address of a picture: nothing, a part of the drawing, or the picture itself. Whatever else it
+// may be would have to be read as the library reads addresses, down to the last blank.
+void inspectAddress(std::string_view address, Inspection& inspection) {
+  static constexpr std::string_view carried = "data:";
+  static constexpr std::string_view base64 = ";base64";
+  const auto first = address.find_first_not_of(" \t\r\n");
+  if (first == address.npos || address[first] == '#') return;
+  address.remove_prefix(first);
   const auto comma = address.find(',');
-  if (comma == std::string::npos) return;
-  const bool isBase64 = address.substr(0, comma).ends_with("base64");
-  const std::unique_ptr<char, FreeMemory> plain(
-      g_uri_unescape_string(address.c_str() + comma + 1, nullptr));
-  // Bytes that are no text give nothing here and nothing to the library.
-  if (isBase64 && plain != nullptr) {
-    gsize size = 0;
-    const std::unique_ptr<guchar, FreeMemory> bytes(g_base64_decode(plain.get(), &size));
-    inspectPicture({bytes.get(), size}, inspection);
-  } else if (plain != nullptr) {
-    const std::string_view text(plain.get());
-    inspectPicture({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}, inspection);
+  inspection.isBearable = address.starts_with(carried) && comma != address.npos;
+  if (!inspection.isBearable) return;
+  const std::string data(address.substr(comma + 1));
+  const std::unique_ptr<GBytes, FreeBytes> plain(
+      g_uri_unescape_bytes(data.c_str(), static_cast<gssize>(data.size()), nullptr, nullptr));
+  inspection.isBearable = plain != nullptr;
+  if (!inspection.isBearable) return;
+  gsize size = 0;
+  const auto* begin = static_cast<const std::uint8_t*>(g_bytes_get_data(plain.get(), &size));
+  if (!address.substr(0, comma).ends_with(base64)) {
+    inspectPicture({begin, size}, inspection);
+    return;
   }
+  const std::string letters(reinterpret_cast<const char*>(begin), size);
+  const std::unique_ptr<guchar, FreeMemory> bytes(g_base64_decode(letters.c_str(), &size));
+  inspectPicture({bytes.get(), size}, inspection);
 }
 
 Inspection& inspectionOf(void* context) {
@@ -108,10 +121,14 @@ void startElement(void* context, const xmlChar* name, const xmlChar*, const xmlC
     if (attribute(i) == "id") id = value(i);
   }
   inspection.references.open(text(name), id);
+  // Texts and drawings from elsewhere.
+  if (text(name) == "include") inspection.isBearable = false;
   const bool showsPicture = text(name) == "image" || text(name) == "feImage";
   for (int i = 0; i < count && inspection.isBearable; ++i) {
     const std::string address = value(i);
     inspection.references.refersIn(address);
+    // An older name for the address of a picture is "path".
+    if (showsPicture && attribute(i) == "path") inspectAddress(address, inspection);
     if (attribute(i) != "href") continue;
     if (address.starts_with('#')) inspection.references.refersTo(address.substr(1));
     if (showsPicture) inspectAddress(address, inspection);

@@ -34,7 +34,8 @@ std::string manyTexts() {
 }
 
 // Every scan of a progressive JPEG is a walk over the whole picture, however short it is.
-std::string manyScans() {
+// `between` stands before each scan.
+std::string manyScans(const std::string& between) {
   std::string bytes = sample("progressive.jpg");
   const auto frame = bytes.find("\xff\xc2");
   bytes.replace(frame + 5, 4, big(16000, 2) + big(16000, 2));
@@ -42,7 +43,7 @@ std::string manyScans() {
   const auto end = bytes.find("\xff", scan + 2);
   const std::string first = bytes.substr(scan, end - scan);
   bytes.resize(scan);
-  for (int i = 0; i < 20000; ++i) bytes += first;
+  for (int i = 0; i < 20000; ++i) bytes += between + first;
   return bytes + "\xff\xd9";
 }
 
@@ -56,6 +57,12 @@ std::string bmp(std::uint32_t width, std::uint32_t height, std::uint32_t compres
   return "BM" + little(200, 4) + little(0, 4) + little(54, 4) + little(40, 4) + little(width, 4) +
          little(height, 4) + little(1, 2) + little(compression == 1 ? 8 : 24, 2) +
          little(compression, 4) + std::string(20, '\0') + std::string(200, '\1');
+}
+
+std::string tgaWith(std::size_t place, const std::string& mark) {
+  const std::string head = std::string("\0\0\2\0\0\0\0\0\0\0\0\0", 12) + little(40, 2) +
+                           little(40, 2) + std::string("\x18\0", 2);
+  return (head + std::string(4800, '\1')).replace(place, mark.size(), mark);
 }
 
 }  // namespace
@@ -79,7 +86,9 @@ std::vector<Bomb> rasterBombs() {
       {"GIFOfFourGigapixels", patched(patched(sample("rgb.gif"), "GIF8", 2, "\xff\xff\xff\xff"),
                                       std::string_view("\x2c\0\0\0\0", 5), 0, "\xff\xff\xff\xff")},
       {"JPEGOfFourGigapixels", patched(sample("rgb.jpg"), "\xff\xc0", 3, "\xff\xdc\xff\xdc")},
-      {"JPEGOfManyScans", manyScans()},
+      {"JPEGOfManyScans", manyScans("")},
+      {"JPEGOfManyScansBehindRestarts", manyScans("\xff\xd0")},
+      {"JPEGOfManyScansBehindZeroes", manyScans(std::string("\xff\0", 2))},
       {"WebPOfAnEndlessCanvas", webpCanvas()},
       {"AVIFOfAnEndlessCanvas",
        patched(sample("rgba.avif"), "ispe", 4, big(0x7fffffff, 4) + big(0x7fffffff, 4))},
@@ -92,6 +101,9 @@ std::vector<Bomb> rasterBombs() {
       {"BMPOfRuns", bmp(16000, 16000, 1)},
       {"PSDOfNineGigapixels", std::string("8BPS\0\1\0\0\0\0\0\0\0\3", 14) + big(300000, 4) +
                                   big(30000, 4) + big(8, 2) + big(3, 2) + std::string(200, '\0')},
+      {"TGAThatIsAlsoDICOM", tgaWith(128, "DICM")},
+      {"TGAThatIsAlsoPhotoCD", tgaWith(2048, "PCD_")},
+      {"TGAThatIsAlsoCALS", tgaWith(21, "version: MIL-STD-1840")},
       {"TGAOfRuns", std::string("\0\0\x0a\0\0\0\0\0\0\0\0\0", 12) + little(16000, 2) +
                         little(16000, 2) + std::string("\x18\0", 2) + std::string(200, '\xff')},
   };

@@ -44,6 +44,16 @@ std::string base64(const std::string& bytes) {
   return encodeBase64({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
 }
 
+std::string percent(const std::string& bytes) {
+  static constexpr std::string_view digits = "0123456789abcdef";
+  std::string text;
+  for (const char byte : bytes) {
+    const auto value = static_cast<unsigned char>(byte);
+    text += {'%', digits[value / 16U], digits[value % 16U]};
+  }
+  return text;
+}
+
 std::string picture(const std::string& address) {
   return R"(<image width="9" height="9" href=")" + address + R"("/>)";
 }
@@ -123,6 +133,15 @@ std::vector<Bomb> drawingBombs() {
       {"SVGWithAHugePictureInASVG",
        svg(picture("data:image/svg+xml;base64," +
                    base64(svg(picture("data:;base64," + base64(png(30000, 30000, "")))))))},
+      {"SVGWithAHugePictureByPath", svg(R"(<image width="9" height="9" path="data:;base64,)" +
+                                        base64(png(30000, 30000, "")) + "\"/>")},
+      {"SVGThatIncludesAnother",
+       svg(R"(<include xmlns="http://www.w3.org/2001/XInclude" href="data:image/svg+xml,x"/>)")},
+      {"SVGWithAHugePictureInPercent", svg(picture("data:," + percent(png(30000, 30000, ""))))},
+      {"SVGWithAHugePictureAfterATab",
+       svg(picture("da&#9;ta:;base64," + base64(png(30000, 30000, ""))))},
+      {"SVGWithAPictureThatWeCannotRead",
+       svg(picture("data:;base64," + base64(png(0x7fffffff, 0x7fffffff, ""))))},
       {"SVGWithAPictureOfAnotherKind", svg(picture("data:image/gif;base64,R0lGODlh//////8="))},
       {"SVGOfDeepGroups", svg([] {
          std::string deep;

@@ -21,9 +21,8 @@ namespace {
 // neither writes among our lines nor keeps a reader of them waiting for their end.
 class SilentStandardOutput {
  public:
-  SilentStandardOutput() {
+  SilentStandardOutput() : kept_(::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0)) {
     std::fflush(stdout);
-    kept_ = ::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0);
     const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
     ::dup2(nowhere, STDOUT_FILENO);
     ::close(nowhere);

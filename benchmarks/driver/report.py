@@ -104,7 +104,7 @@ def growth(results, axis, head):
 def write(path):
     with open(path) as file:
         results = json.load(file)
-    with open("../../benchmarks/driver/template.md") as file:
+    with open("../../benchmarks/driver/performance.md.in") as file:
         text = file.read()
     parts = {
         "conditions": conditions(results), "goals": goals(results), "quality": quality(results),

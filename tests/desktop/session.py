@@ -77,8 +77,9 @@ class Session:
 
     def _start_display(self):
         log = os.path.join(self.folder, "display")
+        # Without -noreset the server begins anew, and drops everybody, whenever its last client goes.
         self.start("Xvfb", "-displayfd", "1", "-screen", "0", self.size + "x24", "-nolisten", "tcp",
-                   output=log)
+                   "-noreset", output=log)
         number = wait_for(lambda: re.search(r"^\d+$(?=\n)", text_of(log), re.MULTILINE), "the X server")
         os.environ["DISPLAY"] = ":" + number.group()
         self.start("openbox")

@@ -6,7 +6,6 @@
 #include <ctime>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 
 namespace tessarine::benchmarks {
 
@@ -23,8 +22,10 @@ Job readJob(int argc, char** argv) {
   for (Row row; rows >> row.path >> row.width >> row.height;) job.rows.push_back(row);
   must(!job.rows.empty(), argv[1]);
   std::ifstream source(argv[2], std::ios::binary);
-  job.source.assign(std::istreambuf_iterator<char>(source), {});
-  must(!job.source.empty(), argv[2]);
+  job.source.resize(std::filesystem::file_size(argv[2]));
+  source.read(reinterpret_cast<char*>(job.source.data()),
+              static_cast<std::streamsize>(job.source.size()));
+  must(source.good(), argv[2]);
   job.folder = argv[3];
   for (const Row& row : job.rows) {
     std::filesystem::create_directories(std::filesystem::path(job.pathOf(row)).parent_path());

@@ -134,7 +134,7 @@ int main(int argc, char** argv) {
   phase("view", view);
   phase("scale", scale);
   phase("filter", filter);
-  for (int level = 1; level <= 9; ++level)
+  for (int level = 1; level <= 7; ++level)
     phase("deflate/" + std::to_string(level), deflate, level);
   phase("encode", [](State& state, const Inputs& from) {
     encode(state, from, [](const Bitmap& bitmap) { return encodePNG(bitmap)->bytes().size(); });

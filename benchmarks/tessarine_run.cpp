@@ -2,6 +2,8 @@
 // the program uses.
 #include <list>
 #include <map>
+#include <memory>
+#include <utility>
 
 #include "benchmarks/job.h"
 #include "iconsets/icon_set_generator.h"
@@ -46,8 +48,8 @@ int main(int argc, char** argv) {
   StandardConsole console;
   StandardErrorAlert alert;
   IconInfo iconInfo;
-  iconInfo.imageData = ByteBuffer::copyOf(job.source);
-  job.source = {};
+  const auto source = std::make_shared<std::vector<std::uint8_t>>(std::move(job.source));
+  iconInfo.imageData = ByteBuffer(*source, source);
   benchmarks::timed([&] {
     for (const auto& [folder, set] : sets) {
       FolderArgument argument(job.folder + "/" + folder);

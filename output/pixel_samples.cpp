@@ -61,8 +61,6 @@ HWY_INLINE void storeSamples(Unsigned value, std::int16_t* samples) {
 template <std::size_t count>
 class Group {
  public:
-  // Nothing is cleared, which would cost more than most groups.
-  HWY_INLINE Group() {}
   HWY_INLINE const std::uint8_t* read(const std::uint8_t* levels, std::size_t pixels) {
     if (pixels >= count) return levels;
     std::memcpy(copy_, levels, pixels * samplesPerPixel);
@@ -71,6 +69,7 @@ class Group {
   }
 
  private:
+  // Not cleared, which would cost more than most groups.
   std::uint8_t copy_[count * samplesPerPixel];
 };
 

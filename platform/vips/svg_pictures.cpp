@@ -3,6 +3,7 @@
 #include <libxml/parser.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
@@ -78,10 +79,10 @@ void inspectAddress(std::string_view address, Inspection& inspection) {
   static constexpr std::string_view carried = "data:";
   static constexpr std::string_view base64 = ";base64";
   const auto first = address.find_first_not_of(" \t\r\n");
-  if (first == address.npos || address[first] == '#') return;
+  if (first == std::string_view::npos || address[first] == '#') return;
   address.remove_prefix(first);
   const auto comma = address.find(',');
-  inspection.isBearable = address.starts_with(carried) && comma != address.npos;
+  inspection.isBearable = address.starts_with(carried) && comma != std::string_view::npos;
   if (!inspection.isBearable) return;
   const std::string data(address.substr(comma + 1));
   const std::unique_ptr<GBytes, FreeBytes> plain(
@@ -111,8 +112,8 @@ void startElement(void* context, const xmlChar* name, const xmlChar*, const xmlC
                   const xmlChar**, int count, int, const xmlChar** attributes) {
   Inspection& inspection = inspectionOf(context);
   // Five pointers each: name, prefix, namespace, begin and end of the value.
-  const auto attribute = [attributes](int i) { return text(attributes[5 * i]); };
-  const auto value = [attributes](int i) {
+  const auto attribute = [attributes](std::ptrdiff_t i) { return text(attributes[5 * i]); };
+  const auto value = [attributes](std::ptrdiff_t i) {
     return std::string(reinterpret_cast<const char*>(attributes[5 * i + 3]),
                        reinterpret_cast<const char*>(attributes[5 * i + 4]));
   };

@@ -43,11 +43,12 @@ void SVGReferences::refersTo(std::string_view id) {
 
 void SVGReferences::refersIn(std::string_view value) {
   static constexpr std::string_view begin = "url(";
-  for (auto at = value.find(begin); at != value.npos; at = value.find(begin)) {
+  for (auto at = value.find(begin); at != std::string_view::npos; at = value.find(begin)) {
     value.remove_prefix(at + begin.size());
     const auto text = value.substr(0, value.find(')'));
     const auto hash = text.find('#');
-    if (hash != text.npos) refersTo(text.substr(hash + 1, text.find_last_not_of(" '\"") - hash));
+    if (hash == std::string_view::npos) continue;
+    refersTo(text.substr(hash + 1, text.find_last_not_of(" '\"") - hash));
   }
 }
 

@@ -22,12 +22,12 @@ std::vector<std::string> customRows(int count) {
 
 std::vector<Scenario> fullLoop() {
   return {
-      {"windows10", "windows10", {}},
-      {"ios", "ios", {}},
+      {"custom", "custom", customRows(8)},
+      {"apple-watch", "apple-watch", {}},
       {"macos", "macos", {}},
       {"macos over old files", "macos", {}, true},
-      {"apple-watch", "apple-watch", {}},
-      {"custom", "custom", customRows(8)},
+      {"ios", "ios", {}},
+      {"windows10", "windows10", {}},
   };
 }
 
@@ -53,12 +53,13 @@ int main(int argc, char** argv) {
   for (const Scenario& scenario : scenarios) {
     tallies.push_back(std::async(std::launch::async, tessarine::testing::disturb, scenario));
   }
+  // Each line as soon as it is known, also into a file.
+  std::setvbuf(stdout, nullptr, _IOLBF, 0);
   std::printf("%-28s %6s %6s %6s %9s\n", "run", "calls", "faults", "kills", "failures");
   Tally all;
   for (std::size_t i = 0; i < scenarios.size(); ++i) {
     const Tally tally = tallies[i].get();
     print(scenarios[i].name.c_str(), tally);
-    std::fflush(stdout);
     all.calls += tally.calls;
     all.runs += tally.runs;
     all.kills += tally.kills;

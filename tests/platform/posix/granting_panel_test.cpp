@@ -10,7 +10,6 @@
 namespace tessarine::testing {
 
 using ::testing::Each;
-using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;

@@ -12,6 +12,7 @@
 #include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <functional>
 
 #include "platform/qt/form_field.h"
 
@@ -103,6 +104,26 @@ TEST_F(MainWindowTest, QuitClosesTheWindow) {
   EXPECT_THAT(enabledItems("&File"), ElementsAre("Quit"));
   choose("&File", "Quit");
   EXPECT_FALSE(window_.isVisible());
+}
+
+TEST_F(MainWindowTest, CtrlQClosesTheWindowFromEveryPlace) {
+  const std::vector<std::function<QWidget*()>> places{
+      [this] { return &window_; },
+      [this] {
+        field_->becomeFirstResponder();
+        return field_;
+      },
+      [this] {
+        emit first_->otherScreenWanted();
+        return &window_;
+      },
+  };
+  for (const auto& place : places) {
+    window_.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window_));
+    QTest::keyClick(place(), Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_FALSE(window_.isVisible());
+  }
 }
 
 TEST_F(MainWindowTest, AboutNamesTheProgramAndItsVersion) {

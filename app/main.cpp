@@ -6,6 +6,8 @@
 #include "app/app_delegate.h"
 #include "app/screens.h"
 #include "intake/icon_info.h"
+#include "platform/isolation/decoding_main.h"
+#include "platform/isolation/isolated_pictures.h"
 #include "platform/posix/granted_files.h"
 #include "platform/posix/granting_panel.h"
 #include "platform/posix/process.h"
@@ -14,7 +16,6 @@
 #include "platform/qt/qt_open_panel.h"
 #include "platform/qt/qt_workspace.h"
 #include "platform/qt/theme.h"
-#include "platform/vips/vips_pictures.h"
 
 namespace {
 
@@ -38,6 +39,7 @@ int main(int argc, char** argv) {
   using namespace tessarine;
 
   setUpProcess();
+  decodeIfAsked(argc, argv);
   saveNothing();
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Tessarine"));
@@ -53,7 +55,7 @@ int main(int argc, char** argv) {
   QObject::connect(&application, &QApplication::aboutToQuit,
                    [&delegate] { delegate.applicationWillTerminate(); });
 
-  VipsPictures pictures;
+  IsolatedPictures pictures;
   GrantedFiles files;
   QtOpenPanel qtPanel;
   GrantingPanel panel(qtPanel, files);

@@ -10,12 +10,12 @@
 #include "headless/usage.h"
 #include "iconsets/icon_set_generator.h"
 #include "platform/headless/headless_host.h"
+#include "platform/isolation/isolated_pictures.h"
 #include "platform/platform.h"
 #include "platform/posix/granted_files.h"
 #include "platform/posix/granting_panel.h"
 #include "platform/posix/one_line.h"
 #include "platform/posix/standard_console.h"
-#include "platform/vips/vips_pictures.h"
 
 namespace tessarine {
 
@@ -30,7 +30,7 @@ class Host {
  public:
   explicit Host(std::size_t files) : files_(granted_, files) {}
 
-  VipsPictures pictures;
+  IsolatedPictures pictures;
 
   ExitStatus status() const {
     return files_.failures() == 0 ? ExitStatus::written : ExitStatus::incomplete;

@@ -41,7 +41,6 @@ constexpr Rights reading = LANDLOCK_ACCESS_FS_READ_FILE | LANDLOCK_ACCESS_FS_REA
 constexpr Rights writing = LANDLOCK_ACCESS_FS_WRITE_FILE | LANDLOCK_ACCESS_FS_MAKE_REG |
                            LANDLOCK_ACCESS_FS_MAKE_DIR | LANDLOCK_ACCESS_FS_REMOVE_FILE |
                            truncation;
-constexpr Rights pruning = LANDLOCK_ACCESS_FS_REMOVE_DIR;
 // The only rights that a rule for a file, not a folder, may name.
 constexpr Rights ofFiles =
     LANDLOCK_ACCESS_FS_READ_FILE | LANDLOCK_ACCESS_FS_WRITE_FILE | truncation;
@@ -85,7 +84,6 @@ bool confine(const Confinement& confinement) {
   const Ruleset ruleset(takenBy(version));
   ruleset.allow(confinement.readable, reading);
   ruleset.allow(confinement.writable, writing);
-  ruleset.allow(confinement.prunable, pruning);
   return ruleset.enforce();
 }
 

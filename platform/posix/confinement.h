@@ -11,8 +11,6 @@ struct Confinement {
   std::vector<std::string> readable;
   // Folders in which files and folders may be made and written, and files removed.
   std::vector<std::string> writable;
-  // Folders beneath which empty folders may be removed.
-  std::vector<std::string> prunable;
 };
 
 // Takes from this process, for good, every other access to files, the starting of programs, and

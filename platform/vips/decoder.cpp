@@ -9,7 +9,6 @@
 #include "platform/vips/loader.h"
 #include "platform/vips/magic.h"
 #include "platform/vips/raster.h"
-#include "platform/vips/regular_file.h"
 #include "platform/vips/srgb.h"
 
 namespace tessarine {
@@ -97,17 +96,22 @@ Decoded decodePicture(const ByteBuffer& bytes) {
   return decode(bytes, nullptr);
 }
 
-Decoded decodePictureFile(const std::string& path) {
-  const RegularFile file(path);
-  if (!file.refusal().empty()) return refused(file.refusal());
+std::string refusalOf(const RegularFile& file) {
+  if (!file.refusal().empty()) return file.refusal();
   // Large files that are no pictures are not read at all.
   std::array<std::uint8_t, headSize> room{};
-  if (formatOf(file.head(room)) == nullptr) {
-    return refused(noPicture);
-  }
+  return formatOf(file.head(room)) == nullptr ? noPicture : "";
+}
+
+Decoded decodePicture(const RegularFile& file) {
+  if (std::string refusal = refusalOf(file); !refusal.empty()) return refused(std::move(refusal));
   const auto bytes = file.bytes();
   if (!bytes) return refused("the file is too large for this machine");
   return decodePicture(*bytes);
+}
+
+Decoded decodePictureFile(const std::string& path) {
+  return decodePicture(RegularFile(path));
 }
 
 }  // namespace tessarine

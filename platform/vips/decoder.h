@@ -5,6 +5,7 @@
 
 #include "platform/bytes.h"
 #include "platform/picture.h"
+#include "platform/vips/regular_file.h"
 
 namespace tessarine {
 
@@ -17,6 +18,11 @@ struct Decoded {
 
 // The picture in encoded bytes of any readable kind; its bitmap may be a view of `bytes`.
 Decoded decodePicture(const ByteBuffer& bytes);
+
+// Why the file is refused before a decoder sees it; empty when it is not.
+std::string refusalOf(const RegularFile& file);
+
+Decoded decodePicture(const RegularFile& file);
 
 // Only a regular file is opened; `path` is in the file system's own encoding.
 Decoded decodePictureFile(const std::string& path);

@@ -34,6 +34,14 @@ RegularFile::RegularFile(const std::string& path) {
   }
   // Without O_NONBLOCK, opening a pipe that nobody writes to would wait for ever.
   descriptor_ = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
+  check();
+}
+
+RegularFile::RegularFile(int descriptor) : descriptor_(descriptor) {
+  check();
+}
+
+void RegularFile::check() {
   struct stat status {};
   if (descriptor_ < 0 || ::fstat(descriptor_, &status) != 0) {
     // A socket cannot be opened at all.

@@ -12,10 +12,10 @@
 #include "headless/named_sets.h"
 #include "iconsets/icon_set_generator.h"
 #include "platform/headless/headless_host.h"
+#include "platform/isolation/isolated_pictures.h"
 #include "platform/posix/granted_files.h"
 #include "platform/posix/granting_panel.h"
 #include "platform/posix/standard_console.h"
-#include "platform/vips/vips_pictures.h"
 #include "tests/headless/source_picture.h"
 
 namespace {
@@ -39,7 +39,7 @@ Holding holding() {
 }
 
 void cutAllSets(const std::string& picture, const fs::path& folder) {
-  VipsPictures pictures;
+  IsolatedPictures pictures(TESSARINE_HEADLESS);
   IconInfo iconInfo;
   iconInfo.imageData = pictures.tiffRepresentation(pictures.decodeFile(picture).value());
   GrantedFiles files;

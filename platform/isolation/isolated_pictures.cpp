@@ -1,0 +1,54 @@
+#include "platform/isolation/isolated_pictures.h"
+
+#include <sys/mman.h>
+
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include "platform/isolation/decoding_process.h"
+#include "platform/posix/write_whole.h"
+#include "platform/vips/held_tiff.h"
+#include "platform/vips/regular_file.h"
+
+namespace tessarine {
+
+std::string thisProgram() {
+  std::error_code ignored;
+  return std::filesystem::read_symlink("/proc/self/exe", ignored);
+}
+
+IsolatedPictures::IsolatedPictures(std::string program, std::chrono::milliseconds patience)
+    : program_(std::move(program)), patience_(patience) {}
+
+std::optional<Picture> IsolatedPictures::decode(const ByteBuffer& bytes) {
+  if (auto bitmap = viewHeldTIFF(bytes)) return Picture{bitmap->size(), *std::move(bitmap)};
+  const int descriptor = ::memfd_create("picture", MFD_CLOEXEC);
+  const int error = writeWhole(descriptor, bytes.bytes());
+  const RegularFile file(descriptor);
+  return error == 0 ? read(file).picture : std::nullopt;
+}
+
+std::optional<Picture> IsolatedPictures::decodeFile(const std::string& path) {
+  return read(path).picture;
+}
+
+std::optional<ByteBuffer> IsolatedPictures::tiffRepresentation(const Picture& picture) {
+  return vips_.tiffRepresentation(picture);
+}
+
+std::vector<std::string> IsolatedPictures::imageTypes() {
+  return vips_.imageTypes();
+}
+
+Decoded IsolatedPictures::read(const std::string& path) const {
+  return read(RegularFile(path));
+}
+
+Decoded IsolatedPictures::read(const RegularFile& file) const {
+  const std::string refusal = refusalOf(file);
+  if (!refusal.empty()) return {std::nullopt, refusal};
+  return decodeInProcess(program_, file.descriptor(), patience_);
+}
+
+}  // namespace tessarine

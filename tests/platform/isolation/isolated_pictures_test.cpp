@@ -1,0 +1,101 @@
+#include "platform/isolation/isolated_pictures.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "platform/isolation/decoding_process.h"
+#include "platform/vips/vips_pictures.h"
+#include "tests/support/temporary_folder.h"
+
+namespace tessarine::testing {
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+
+const fs::path samples = fs::path(TESSARINE_SOURCE_DIR) / "tests/platform/vips/samples";
+
+ByteBuffer bytesOf(const std::string& text) {
+  return ByteBuffer::copyOf({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()})
+      .value();
+}
+
+void expectSame(const std::optional<Picture>& picture, const std::optional<Picture>& expected) {
+  ASSERT_TRUE(picture && expected);
+  EXPECT_EQ(picture->points, expected->points);
+  EXPECT_EQ(picture->bitmap->size(), expected->bitmap->size());
+  EXPECT_TRUE(std::ranges::equal(picture->bitmap->pixels(), expected->bitmap->pixels()));
+}
+
+// A page whose forms draw each other, twice each: 2 to the power of 60 of them.
+std::string endlessPDF() {
+  std::string pdf =
+      "%PDF-1.4\n1 0 obj<</Type/Catalog/Pages 2 0 R>>endobj\n"
+      "2 0 obj<</Type/Pages/Kids[3 0 R]/Count 1>>endobj\n"
+      "3 0 obj<</Type/Page/Parent 2 0 R/MediaBox[0 0 9 9]/Contents 4 0 R"
+      "/Resources<</XObject<</F 5 0 R>>>>>>endobj\n"
+      "4 0 obj<</Length 5>>stream\n/F Do\nendstream endobj\n";
+  for (int form = 5; form < 65; ++form) {
+    pdf += std::to_string(form) +
+           " 0 obj<</Type/XObject/Subtype/Form/BBox[0 0 9 9]/Resources<</XObject<</F " +
+           std::to_string(form + 1) + " 0 R>>>>/Length 11>>stream\n/F Do /F Do\nendstream endobj\n";
+  }
+  return pdf + "trailer<</Root 1 0 R>>\n%%EOF\n";
+}
+
+class IsolatedPicturesTest : public ::testing::Test {
+ protected:
+  IsolatedPictures pictures{TESSARINE_HEADLESS};
+};
+
+}  // namespace
+
+TEST_F(IsolatedPicturesTest, AreThoseOfTheDecoderItself) {
+  VipsPictures vips;
+  for (const char* name : {"rgba.png", "orientation6.jpg", "cmyk_profile.jpg", "drawing.svg",
+                           "drawing.pdf", "rgba.psd", "rgb.heic", "rgba.jxl", "runs.icns"}) {
+    SCOPED_TRACE(name);
+    const auto expected = vips.decodeFile(samples / name);
+    expectSame(pictures.decodeFile(samples / name), expected);
+    expectSame(pictures.decode(bytesOf(contentsOf(samples / name))), expected);
+  }
+}
+
+TEST_F(IsolatedPicturesTest, AreRefusedForTheDecodersReason) {
+  const TemporaryFolder folder;
+  writeFile(folder.path() / "short.png", contentsOf(samples / "rgba.png").substr(0, 60));
+  EXPECT_EQ(pictures.read(folder.path() / "short.png").refusal,
+            decodePictureFile(folder.path() / "short.png").refusal);
+  EXPECT_EQ(pictures.read(folder.path()).refusal, "Is a directory");
+}
+
+TEST_F(IsolatedPicturesTest, ThatTakeForEverAreRefused) {
+  const TemporaryFolder folder;
+  writeFile(folder.path() / "endless.pdf", endlessPDF());
+  EXPECT_EQ(IsolatedPictures(TESSARINE_HEADLESS, 2s).read(folder.path() / "endless.pdf").refusal,
+            decoderTookTooLong);
+}
+
+TEST(IsolatedPictures, NeedNoProcessForWhatIsNotForeign) {
+  IsolatedPictures pictures("/missing");
+  VipsPictures vips;
+  const auto picture = vips.decodeFile(samples / "rgba.png");
+  const auto held = pictures.tiffRepresentation(picture.value());
+  expectSame(pictures.decode(held.value()), picture);
+}
+
+TEST(IsolatedPictures, NeedNoProcessForWhatIsNoPicture) {
+  IsolatedPictures pictures("/missing");
+  EXPECT_EQ(pictures.read(TESSARINE_SOURCE_DIR "/CMakeLists.txt").refusal,
+            "not a picture of a kind that can be read");
+  EXPECT_FALSE(pictures.decode(bytesOf("text")));
+  EXPECT_FALSE(pictures.decode(bytesOf("")));
+}
+
+TEST(ThisProgram, IsTheOneThatRuns) {
+  EXPECT_EQ(fs::path(thisProgram()).filename(), "tessarine_isolation_tests");
+}
+
+}  // namespace tessarine::testing

@@ -7,6 +7,7 @@
 // instruction set; the one to use is chosen when the program runs.
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "output/pixel_samples.cpp"
+#include <hwy/cache_control.h>
 #include <hwy/foreach_target.h>
 #include <hwy/highway.h>
 
@@ -26,6 +27,8 @@ using Unsigned = hn::Vec<decltype(unsignedTag)>;
 constexpr std::int16_t opaque = 255 * 100;
 // Alpha below this rounds to 0.
 constexpr std::int16_t visible = 50;
+
+constexpr std::size_t cacheLine = 64;
 
 // For every two pixels of 16-bit numbers.
 alignas(16) constexpr std::uint8_t alphaOfPixel[16] = {6,  7,  6,  7,  6,  7,  6,  7,
@@ -73,14 +76,28 @@ class Group {
   std::uint8_t copy_[count * samplesPerPixel];
 };
 
+// Fetches bytes into the cache. They may lie behind a bitmap's end, where nothing happens; but such
+// an address must be made of a number.
+HWY_INLINE void prefetch(const std::uint8_t* levels, std::size_t offset, std::size_t byteCount) {
+  const auto first = reinterpret_cast<std::uintptr_t>(levels) + offset;
+  for (std::size_t i = 0; i < byteCount; i += cacheLine) {
+    hwy::Prefetch(reinterpret_cast<const std::uint8_t*>(first + i));
+  }
+}
+
 // Calls `load` with two rows that hold whole groups, each of `step` pixels for one of `pixels`.
 template <std::size_t step, class Load>
 HWY_INLINE void forGroups(const std::uint8_t* upper, const std::uint8_t* lower, std::size_t pixels,
                           const Load& load) {
   Group<step * pixelGroup> upperGroup;
   Group<step * pixelGroup> lowerGroup;
+  constexpr std::size_t groupBytes = step * pixelGroup * samplesPerPixel;
+  const std::size_t rowBytes = step * pixels * samplesPerPixel;
   for (std::size_t pixel = 0; pixel < pixels; pixel += pixelGroup) {
     const std::size_t offset = step * pixel * samplesPerPixel;
+    // What follows in these rows: the rows below are read before it, which no processor foresees.
+    prefetch(upper, offset + rowBytes, groupBytes);
+    prefetch(lower, offset + rowBytes, groupBytes);
     const std::size_t rest = step * (pixels - pixel);
     load(upperGroup.read(upper + offset, rest), lowerGroup.read(lower + offset, rest), pixel);
   }

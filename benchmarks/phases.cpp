@@ -3,6 +3,7 @@
 #include <benchmark/benchmark.h>
 #include <libdeflate.h>
 
+#include <memory>
 #include <numeric>
 #include <optional>
 
@@ -27,18 +28,20 @@ struct Inputs {
   ByteBuffer held;
   std::vector<Bitmap> scaled;
   std::vector<Bytes> filtered;
+  std::vector<int> levels;  // of compression, as the encoder chooses
   std::vector<ByteBuffer> files;
 };
 
 Inputs makeInputs(benchmarks::Job job) {
   const ByteBuffer held = ByteBuffer::copyOf(job.source).value();
-  Inputs inputs{std::move(job), held, {}, {}, {}};
+  Inputs inputs{std::move(job), held, {}, {}, {}, {}};
   VipsPictures pictures;
   const Picture source = pictures.decode(held).value();
   for (const benchmarks::Row& row : inputs.job.rows) {
     const Bitmap& bitmap =
         inputs.scaled.emplace_back(*resizedImage(source, row.width, row.height).value().bitmap);
-    filterRows(bitmap, inputs.filtered.emplace_back(filteredByteCount(bitmap.size())));
+    Bytes& rows = inputs.filtered.emplace_back(filteredByteCount(bitmap.size()));
+    inputs.levels.push_back(compressionLevel(filterRows(bitmap, rows), rows.size()));
     inputs.files.push_back(encodePNG(bitmap).value());
   }
   return inputs;
@@ -83,20 +86,24 @@ void filter(State& state, const Inputs& inputs) {
   }
 }
 
-void deflate(State& state, const Inputs& inputs, int level) {
-  libdeflate_compressor* compressor = libdeflate_alloc_compressor(level);
+using Compressor = std::unique_ptr<libdeflate_compressor, decltype(&libdeflate_free_compressor)>;
+
+// At one level, or at the encoder's.
+void deflate(State& state, const Inputs& inputs, std::optional<int> level) {
   Bytes results;
   std::size_t bytes = 0;
   for (auto _ : state) {
     bytes = 0;
-    for (const Bytes& rows : inputs.filtered) {
-      results.resize(libdeflate_zlib_compress_bound(compressor, rows.size()));
-      bytes += libdeflate_zlib_compress(compressor, rows.data(), rows.size(), results.data(),
+    for (std::size_t i = 0; i < inputs.filtered.size(); ++i) {
+      const Bytes& rows = inputs.filtered[i];
+      const Compressor compressor(libdeflate_alloc_compressor(level.value_or(inputs.levels[i])),
+                                  libdeflate_free_compressor);
+      results.resize(libdeflate_zlib_compress_bound(compressor.get(), rows.size()));
+      bytes += libdeflate_zlib_compress(compressor.get(), rows.data(), rows.size(), results.data(),
                                         results.size());
     }
   }
   state.counters["bytes"] = static_cast<double>(bytes);
-  libdeflate_free_compressor(compressor);
 }
 
 template <class Encoder>
@@ -134,6 +141,7 @@ int main(int argc, char** argv) {
   phase("view", view);
   phase("scale", scale);
   phase("filter", filter);
+  phase("deflate", deflate, std::nullopt);
   for (int level = 1; level <= 7; ++level)
     phase("deflate/" + std::to_string(level), deflate, level);
   phase("encode", [](State& state, const Inputs& from) {

@@ -14,6 +14,8 @@ namespace {
 namespace hn = hwy::HWY_NAMESPACE;
 
 constexpr std::size_t pixelBytes = Bitmap::bytesPerPixel;
+// Of a byte that a filter does not foretell: past this one is as bad as another.
+constexpr std::uint8_t largestCost = 32;
 
 struct Row {
   const std::uint8_t* here;
@@ -66,12 +68,13 @@ HWY_INLINE hn::Vec<D> residual(D d, const Row& row, std::size_t i) {
   return hn::Sub(hn::LoadU(d, row.here + i), predicted<filter>(d, left, above, corner));
 }
 
+// What a result is expected to take in the file.
 template <class D, class V>
-HWY_INLINE V magnitude(D d, V residual) {
-  return hn::Min(residual, hn::Sub(hn::Zero(d), residual));
+HWY_INLINE V cost(D d, V residual) {
+  return hn::Min(hn::Min(residual, hn::Sub(hn::Zero(d), residual)), hn::Set(d, largestCost));
 }
 
-// Writes the results and answers with the sum of their absolute values.
+// Writes the results and answers with the sum of their costs.
 template <PNGFilter filter>
 std::uint64_t filterRow(const Row& row, std::uint8_t* results) {
   const hn::ScalableTag<std::uint8_t> vector;
@@ -80,7 +83,7 @@ std::uint64_t filterRow(const Row& row, std::uint8_t* results) {
   const auto byteAt = [&](std::size_t i) {
     const auto result = residual<filter>(single, row, i);
     hn::StoreU(result, single, results + i);
-    sum += hn::GetLane(magnitude(single, result));
+    sum += hn::GetLane(cost(single, result));
   };
 
   std::size_t i = 0;
@@ -90,14 +93,25 @@ std::uint64_t filterRow(const Row& row, std::uint8_t* results) {
   for (; i + hn::Lanes(vector) <= row.byteCount; i += hn::Lanes(vector)) {
     const auto result = residual<filter>(vector, row, i);
     hn::StoreU(result, vector, results + i);
-    vectorSum = hn::Add(vectorSum, hn::SumsOf8(magnitude(vector, result)));
+    vectorSum = hn::Add(vectorSum, hn::SumsOf8(cost(vector, result)));
   }
   sum += hn::GetLane(hn::SumOfLanes(sums, vectorSum));
   for (; i < row.byteCount; ++i) byteAt(i);
   return sum;
 }
 
-void filterRows(const Bitmap& bitmap, std::span<std::uint8_t> filtered) {
+std::size_t countZeros(const std::uint8_t* bytes, std::size_t byteCount) {
+  const hn::ScalableTag<std::uint8_t> vector;
+  std::size_t count = 0;
+  std::size_t i = 0;
+  for (; i + hn::Lanes(vector) <= byteCount; i += hn::Lanes(vector)) {
+    count += hn::CountTrue(vector, hn::Eq(hn::LoadU(vector, bytes + i), hn::Zero(vector)));
+  }
+  for (; i < byteCount; ++i) count += bytes[i] == 0 ? 1 : 0;
+  return count;
+}
+
+std::size_t filterRows(const Bitmap& bitmap, std::span<std::uint8_t> filtered) {
   using FilterRow = std::uint64_t (*)(const Row&, std::uint8_t*);
   static constexpr FilterRow filters[] = {filterRow<PNGFilter::none>, filterRow<PNGFilter::sub>,
                                           filterRow<PNGFilter::up>, filterRow<PNGFilter::average>,
@@ -107,6 +121,7 @@ void filterRows(const Bitmap& bitmap, std::span<std::uint8_t> filtered) {
   const std::size_t rowBytes = bitmap.row(0).size();
   std::uint8_t* out = filtered.data();
   const std::uint8_t* above = nullptr;
+  std::size_t zeros = 0;
   for (std::int64_t y = 0; y < bitmap.size().height; ++y, out += 1 + rowBytes) {
     const Row row{bitmap.row(y).data(), above, rowBytes};
     above = row.here;
@@ -121,7 +136,9 @@ void filterRows(const Bitmap& bitmap, std::span<std::uint8_t> filtered) {
     out[0] = best;
     // The last filter's results are there already.
     if (best + 1 < filterCount) filters[best](row, out + 1);
+    zeros += countZeros(out + 1, rowBytes);
   }
+  return zeros;
 }
 
 }  // namespace
@@ -138,8 +155,8 @@ std::size_t filteredByteCount(PixelSize size) noexcept {
          (1 + static_cast<std::size_t>(size.width) * Bitmap::bytesPerPixel);
 }
 
-void filterRows(const Bitmap& bitmap, std::span<std::uint8_t> filtered) {
-  HWY_DYNAMIC_DISPATCH(filterRows)(bitmap, filtered);
+std::size_t filterRows(const Bitmap& bitmap, std::span<std::uint8_t> filtered) {
+  return HWY_DYNAMIC_DISPATCH(filterRows)(bitmap, filtered);
 }
 
 }  // namespace tessarine

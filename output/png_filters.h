@@ -16,8 +16,8 @@ enum class PNGFilter : std::uint8_t { none, sub, up, average, paeth };
 std::size_t filteredByteCount(PixelSize size) noexcept;
 
 // Filters every row by the filter whose results, as signed bytes, have the least sum of absolute
-// values; of equals the first in `PNGFilter`. `filtered` must hold exactly
-// `filteredByteCount` bytes.
-void filterRows(const Bitmap& bitmap, std::span<std::uint8_t> filtered);
+// values, none of them counted as more than 32; of equals the first in `PNGFilter`. `filtered` must
+// hold exactly `filteredByteCount` bytes. Answers how many of the results are 0.
+std::size_t filterRows(const Bitmap& bitmap, std::span<std::uint8_t> filtered);
 
 }  // namespace tessarine

@@ -1,11 +1,13 @@
 #include "output/png_encoder.h"
 
 #include <gtest/gtest.h>
+#include <libdeflate.h>
 #include <stdlib.h>
 
 #include <filesystem>
 #include <fstream>
 
+#include "output/png_filters.h"
 #include "tests/output/drawn_bitmaps.h"
 #include "tests/output/png_file.h"
 
@@ -62,6 +64,39 @@ TEST(PNGEncoder, IsTheSameOnEveryRun) {
   for (const DrawnBitmap& drawing : drawnBitmaps()) {
     EXPECT_EQ(encoded(drawing.bitmap), encoded(drawing.bitmap)) << drawing.name;
   }
+}
+
+TEST(PNGEncoder, SearchesLongerWhereFourOfFiveBytesAreForetold) {
+  EXPECT_EQ(compressionLevel(99, 100), 6);
+  EXPECT_EQ(compressionLevel(80, 100), 6);
+  EXPECT_EQ(compressionLevel(79, 100), 5);
+  EXPECT_EQ(compressionLevel(0, 100), 5);
+}
+
+Bytes compressedAt(int level, const Bitmap& bitmap) {
+  Bytes rows(filteredByteCount(bitmap.size()));
+  filterRows(bitmap, rows);
+  libdeflate_compressor* compressor = libdeflate_alloc_compressor(level);
+  Bytes result(libdeflate_zlib_compress_bound(compressor, rows.size()));
+  result.resize(
+      libdeflate_zlib_compress(compressor, rows.data(), rows.size(), result.data(), result.size()));
+  libdeflate_free_compressor(compressor);
+  return result;
+}
+
+TEST(PNGEncoder, ChoosesTheLevelByTheFilteredRows) {
+  const auto drawing = [](std::int64_t quietRows) {
+    return drawn({200, 100}, [=](auto x, auto y) {
+      const auto value = static_cast<std::uint8_t>(y < quietRows ? x / 20 : x * x * (y + 7) >> 5);
+      return Colour{value, value, value, 255};
+    });
+  };
+  const Bitmap quiet = drawing(90);
+  EXPECT_NE(compressedAt(6, quiet), compressedAt(5, quiet));
+  EXPECT_EQ(chunksOf(encoded(quiet))[2].data, compressedAt(6, quiet));
+  const Bitmap unquiet = drawing(10);
+  EXPECT_NE(compressedAt(6, unquiet), compressedAt(5, unquiet));
+  EXPECT_EQ(chunksOf(encoded(unquiet))[2].data, compressedAt(5, unquiet));
 }
 
 TEST(PNGEncoder, IsAcceptedByPngcheck) {

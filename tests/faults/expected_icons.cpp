@@ -14,7 +14,10 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr const char* catalogue = "Contents.json";
-constexpr const char* temporary = ".tessarine-new";
+
+bool isTemporary(const std::string& name) {
+  return name.starts_with(".tessarine-");
+}
 
 const std::string* find(const Files& files, const std::string& name) {
   const auto file = files.find(name);
@@ -71,6 +74,10 @@ Files filesIn(const fs::path& folder) {
   return files;
 }
 
+bool withoutTemporary(Files& files) {
+  return std::erase_if(files, [](const auto& file) { return isTemporary(file.first); }) > 0;
+}
+
 std::string faultIn(const FaultedRun& run, const Fault& fault, const ExpectedIcons& expected,
                     const fs::path& folder) {
   std::set<std::string> told;
@@ -96,8 +103,8 @@ std::string faultIn(const FaultedRun& run, const Fault& fault, const ExpectedIco
       return "a torn catalogue";
   }
   for (const auto& [name, contents] : files) {
-    // Where not even its removal succeeds, the temporary file stays for the next run to remove.
-    const bool mayStay = name == temporary && fault.onward && told.contains(catalogue);
+    // Where not even its removal succeeds, the temporary file stays.
+    const bool mayStay = isTemporary(name) && fault.onward && told.contains(catalogue);
     if (!expected.whole.contains(name) && !mayStay) return "left over: " + name;
   }
   return "";
@@ -105,7 +112,8 @@ std::string faultIn(const FaultedRun& run, const Fault& fault, const ExpectedIco
 
 std::string damageIn(const FaultedRun& run, const ExpectedIcons& expected, const fs::path& folder) {
   if (run.outcome.status != 128 + SIGKILL) return "not killed";
-  const Files files = filesIn(folder);
+  Files files = filesIn(folder);
+  withoutTemporary(files);
   int torn = 0;
   for (const auto& [name, contents] : expected.whole) {
     if (isWhole(files, expected, name) || isAsBefore(files, expected, name)) continue;
@@ -114,7 +122,7 @@ std::string damageIn(const FaultedRun& run, const ExpectedIcons& expected, const
   }
   if (torn > 1) return std::to_string(torn) + " torn pictures";
   for (const auto& [name, contents] : files) {
-    if (!expected.whole.contains(name) && name != temporary) return "left over: " + name;
+    if (!expected.whole.contains(name)) return "left over: " + name;
   }
   return "";
 }

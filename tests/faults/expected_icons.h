@@ -12,6 +12,9 @@ namespace tessarine::testing {
 using Files = std::map<std::string, std::string>;
 Files filesIn(const std::filesystem::path& folder);
 
+// Takes the temporary files out and tells whether there were any.
+bool withoutTemporary(Files& files);
+
 // What a run without faults writes, and what stood in its place before.
 struct ExpectedIcons {
   Files whole;
@@ -25,7 +28,7 @@ struct ExpectedIcons {
 std::string faultIn(const FaultedRun& run, const Fault& fault, const ExpectedIcons& expected,
                     const std::filesystem::path& folder);
 
-// After a kill: at most one picture torn, a catalogue never.
+// After a kill: at most one picture torn, a catalogue never; a temporary file may be left.
 std::string damageIn(const FaultedRun& run, const ExpectedIcons& expected,
                      const std::filesystem::path& folder);
 

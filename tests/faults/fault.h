@@ -40,6 +40,8 @@ struct FaultedRun {
   int disturbed = -1;
 };
 
-FaultedRun runWithFault(const std::vector<std::string>& arguments, const Fault& fault);
+// `unnamedFiles` tells whether the file system has files without a name.
+FaultedRun runWithFault(const std::vector<std::string>& arguments, const Fault& fault,
+                        bool unnamedFiles);
 
 }  // namespace tessarine::testing

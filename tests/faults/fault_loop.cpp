@@ -13,6 +13,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// A file without a name gets one just before it is closed and renamed: two calls to be killed at.
+constexpr int mostLeftovers = 2;
+
 class FaultLoop {
  public:
   explicit FaultLoop(const Scenario& scenario) : scenario_(scenario) {
@@ -43,6 +46,9 @@ class FaultLoop {
       for (Fault fault{kind, firstCall(kind)}; killBy(fault); ++fault.at) {
       }
     }
+    if (scenario_.unnamedFiles && tally_.leftovers > mostLeftovers) {
+      tally_.failures.push_back(scenario_.name + ": temporary files left by too many kills");
+    }
     return std::move(tally_);
   }
 
@@ -65,7 +71,7 @@ class FaultLoop {
   FaultedRun again(const std::string& name, const Fault& fault) {
     std::vector<std::string> arguments{scenario_.word, source_.picture(), source_.root() / name};
     arguments.insert(arguments.end(), scenario_.rows.begin(), scenario_.rows.end());
-    return runWithFault(arguments, fault);
+    return runWithFault(arguments, fault, scenario_.unnamedFiles);
   }
 
   void note(const Fault& fault, const std::string& failure) {
@@ -89,7 +95,9 @@ class FaultLoop {
     ++tally_.kills;
     note(fault, damageIn(run, expected_, source_.root() / "icons"));
     const FaultedRun second = again("icons", {{"none", ""}, 1});
-    if (second.outcome.status != 0 || filesIn(source_.root() / "icons") != expected_.whole) {
+    Files files = filesIn(source_.root() / "icons");
+    if (withoutTemporary(files)) ++tally_.leftovers;
+    if (second.outcome.status != 0 || files != expected_.whole) {
       note(fault, "a second run does not restore every byte");
     }
     return true;

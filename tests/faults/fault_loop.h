@@ -15,6 +15,8 @@ struct Scenario {
   bool overOldFiles = false;
   // How many of its last calls are disturbed; all of them when 0.
   int lastCalls = 0;
+  // Whether the file system has files without a name.
+  bool unnamedFiles = true;
 };
 
 struct Tally {
@@ -22,6 +24,8 @@ struct Tally {
   int calls = 0;
   int runs = 0;
   int kills = 0;
+  // The kills that left a temporary file.
+  int leftovers = 0;
   // What went wrong, a line each.
   std::vector<std::string> failures;
 };

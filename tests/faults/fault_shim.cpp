@@ -4,6 +4,7 @@
 //                 (after half of a write); nothing is done without it
 //   FAULT_AT      the number of the call, from 1 on, among those that the kind applies to
 //   FAULT_ONWARD  every call from there on, when set
+//   FAULT_NAMED   files without a name are refused, when set, as by a lesser file system
 //   FAULT_REPORT  the file for the number of calls met and of those that were disturbed
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -34,6 +35,7 @@ const char* setting(const char* name) {
 const std::string_view kind = setting("FAULT_KIND");
 const int at = std::atoi(setting("FAULT_AT"));
 const bool onward = std::getenv("FAULT_ONWARD") != nullptr;
+const bool namedOnly = std::getenv("FAULT_NAMED") != nullptr;
 int met = 0;
 int disturbed = 0;
 // The descriptors of the output: folders, and files open for writing.
@@ -97,7 +99,13 @@ int openat(int folder, const char* path, int flags, ...) {
   va_start(arguments, flags);
   const auto mode = va_arg(arguments, unsigned);
   va_end(arguments);
-  if (is(Kind::folder, folder) && fails()) return -1;
+  const bool unnamed = (flags & O_TMPFILE) == O_TMPFILE;
+  if (unnamed && namedOnly) {
+    errno = EOPNOTSUPP;
+    return -1;
+  }
+  // A file without a name costs nothing when it is refused: one with a name is opened instead.
+  if (!unnamed && is(Kind::folder, folder) && fails()) return -1;
   const int file = real<int(int, const char*, int, ...)>("openat")(folder, path, flags, mode);
   return is(Kind::folder, folder) ? noted(file, flags) : file;
 }
@@ -151,6 +159,12 @@ int fchmod(int file, mode_t mode) {
 int fsync(int file) {
   if (is(Kind::file, file) && fails()) return -1;
   return real<int(int)>("fsync")(file);
+}
+
+int linkat(int fromFolder, const char* from, int toFolder, const char* to, int flags) {
+  if (fails()) return -1;
+  using Function = int(int, const char*, int, const char*, int);
+  return real<Function>("linkat")(fromFolder, from, toFolder, to, flags);
 }
 
 int renameat(int fromFolder, const char* from, int toFolder, const char* to) {

@@ -26,6 +26,7 @@ std::vector<Scenario> fullLoop() {
       {"apple-watch", "apple-watch", {}},
       {"macos", "macos", {}},
       {"macos over old files", "macos", {}, true},
+      {"macos, unnamed files refused", "macos", {}, true, 0, false},
       {"ios", "ios", {}},
       {"windows10", "windows10", {}},
   };
@@ -36,12 +37,13 @@ std::vector<Scenario> shortLoop() {
       {"custom", "custom", customRows(2)},
       {"custom over old files", "custom", customRows(1), true},
       {"apple-watch, its last calls", "apple-watch", {}, false, 9},
+      {"unnamed files refused", "apple-watch", {}, true, 9, false},
   };
 }
 
 void print(const char* name, const Tally& tally) {
-  std::printf("%-28s %6d %6d %6d %9zu\n", name, tally.calls, tally.runs, tally.kills,
-              tally.failures.size());
+  std::printf("%-28s %6d %6d %6d %9d %9zu\n", name, tally.calls, tally.runs, tally.kills,
+              tally.leftovers, tally.failures.size());
 }
 
 }  // namespace
@@ -55,7 +57,8 @@ int main(int argc, char** argv) {
   }
   // Each line as soon as it is known, also into a file.
   std::setvbuf(stdout, nullptr, _IOLBF, 0);
-  std::printf("%-28s %6s %6s %6s %9s\n", "run", "calls", "faults", "kills", "failures");
+  std::printf("%-28s %6s %6s %6s %9s %9s\n", "run", "calls", "faults", "kills", "leftovers",
+              "failures");
   Tally all;
   for (std::size_t i = 0; i < scenarios.size(); ++i) {
     const Tally tally = tallies[i].get();
@@ -63,6 +66,7 @@ int main(int argc, char** argv) {
     all.calls += tally.calls;
     all.runs += tally.runs;
     all.kills += tally.kills;
+    all.leftovers += tally.leftovers;
     all.failures.insert(all.failures.end(), tally.failures.begin(), tally.failures.end());
   }
   print("all", all);

@@ -1,9 +1,13 @@
 #include <gmock/gmock.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
 
 #include "platform/posix/granted_files.h"
 #include "platform/posix/process.h"
+#include "tests/platform/posix/system_calls.h"
 #include "tests/support/in_child.h"
 #include "tests/support/temporary_folder.h"
 
@@ -24,9 +28,15 @@ std::vector<std::string> namesIn(const fs::path& folder) {
   return names;
 }
 
-class AtomicWriteTest : public ::testing::Test {
+// The parameter is the error by which the file system refuses files without a name; 0 for one that
+// has them.
+class AtomicWriteTest : public ::testing::TestWithParam<int> {
  protected:
-  AtomicWriteTest() { files.grant(folder.path()); }
+  AtomicWriteTest() {
+    systemCalls.unnamedFileError = GetParam();
+    files.grant(folder.path());
+  }
+  ~AtomicWriteTest() override { systemCalls = {}; }
 
   std::string write(const std::string& text) {
     const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
@@ -41,13 +51,13 @@ class AtomicWriteTest : public ::testing::Test {
 
 }  // namespace
 
-TEST_F(AtomicWriteTest, LeavesTheFileAlone) {
+TEST_P(AtomicWriteTest, LeavesTheFileAlone) {
   EXPECT_EQ(write("{}"), "");
   EXPECT_EQ(contentsOf(catalogue), "{}");
   EXPECT_THAT(namesIn(folder.path()), UnorderedElementsAre("Contents.json"));
 }
 
-TEST_F(AtomicWriteTest, PutsANewFileInThePlaceOfTheOld) {
+TEST_P(AtomicWriteTest, PutsANewFileInThePlaceOfTheOld) {
   writeFile(catalogue, "old");
   fs::create_hard_link(catalogue, folder.path() / "other");
   EXPECT_EQ(write("new"), "");
@@ -55,14 +65,14 @@ TEST_F(AtomicWriteTest, PutsANewFileInThePlaceOfTheOld) {
   EXPECT_EQ(contentsOf(folder.path() / "other"), "old");
 }
 
-TEST_F(AtomicWriteTest, GivesANewFileTheModeOfAnyNewFile) {
+TEST_P(AtomicWriteTest, GivesANewFileTheModeOfAnyNewFile) {
   const mode_t before = ::umask(027);
   EXPECT_EQ(write("{}"), "");
   ::umask(before);
   EXPECT_EQ(mode(), fs::perms(0640));
 }
 
-TEST_F(AtomicWriteTest, KeepsTheModeOfTheOldFile) {
+TEST_P(AtomicWriteTest, KeepsTheModeOfTheOldFile) {
   for (const unsigned bits : {0600U, 0444U, 0666U, 0751U}) {
     writeFile(catalogue, "old");
     fs::permissions(catalogue, fs::perms(bits));
@@ -72,35 +82,49 @@ TEST_F(AtomicWriteTest, KeepsTheModeOfTheOldFile) {
   }
 }
 
-TEST_F(AtomicWriteTest, DoesNotHandOnSpecialModeBits) {
+TEST_P(AtomicWriteTest, DoesNotHandOnSpecialModeBits) {
   writeFile(catalogue, "old");
   fs::permissions(catalogue, fs::perms(04755));
   EXPECT_EQ(write("new"), "");
   EXPECT_EQ(mode(), fs::perms(0755));
 }
 
-TEST_F(AtomicWriteTest, TakesOverWhatAKilledRunLeft) {
-  writeFile(folder.path() / ".tessarine-new", "half of a");
+TEST_P(AtomicWriteTest, LeavesTheFilesOfOthersAlone) {
+  writeFile(folder.path() / ".tessarine-1", "another's");
+  const std::string before = snapshot(folder.path(), catalogue);
   EXPECT_EQ(write("{}"), "");
+  EXPECT_EQ(snapshot(folder.path(), catalogue), before);
+}
+
+TEST_P(AtomicWriteTest, IsNotDisturbedByAnotherAtTheSameTime) {
+  std::string other = "not reached";
+  systemCalls.beforeRename = [&] { other = write("the other"); };
+  EXPECT_EQ(write("this one"), "");
+  EXPECT_EQ(other, "");
+  EXPECT_EQ(contentsOf(catalogue), "this one");
   EXPECT_THAT(namesIn(folder.path()), UnorderedElementsAre("Contents.json"));
 }
 
-TEST_F(AtomicWriteTest, DoesNotFollowALinkInThePlaceOfTheTemporaryFile) {
-  TemporaryFolder outside;
-  writeFile(outside.path() / "secret", "secret");
-  fs::create_symlink(outside.path() / "secret", folder.path() / ".tessarine-new");
-  EXPECT_EQ(write("{}"), "");
-  EXPECT_EQ(contentsOf(outside.path() / "secret"), "secret");
-  EXPECT_FALSE(fs::is_symlink(catalogue));
+TEST_P(AtomicWriteTest, KeepsTheOldFileWhenTheDiskFails) {
+  writeFile(catalogue, "old");
+  systemCalls.syncError = EIO;
+  EXPECT_THAT(write("new"), EndsWith("Input/output error"));
+  EXPECT_EQ(contentsOf(catalogue), "old");
+  EXPECT_THAT(namesIn(folder.path()), UnorderedElementsAre("Contents.json"));
 }
 
-TEST_F(AtomicWriteTest, FailsWhereAFolderHasTheTemporaryName) {
-  fs::create_directory(folder.path() / ".tessarine-new");
-  EXPECT_THAT(write("{}"), EndsWith("Is a directory"));
-  EXPECT_THAT(namesIn(folder.path()), UnorderedElementsAre(".tessarine-new"));
+TEST_P(AtomicWriteTest, GoesOnWithoutProc) {
+  if (!isRoot()) GTEST_SKIP() << "only root can change the root folder";
+  EXPECT_EQ(inChild([&] {
+              if (::chroot(folder.path().c_str()) != 0) return std::string("no other root");
+              files.grant("/");
+              return files.writeAtomically("//Contents.json", {}).value_or("");
+            }),
+            "");
+  EXPECT_THAT(namesIn(folder.path()), UnorderedElementsAre("Contents.json"));
 }
 
-TEST_F(AtomicWriteTest, KeepsTheOldFileAndNothingElseWhenItFails) {
+TEST_P(AtomicWriteTest, KeepsTheOldFileAndNothingElseWhenItFails) {
   writeFile(catalogue, "old");
   const std::string before = snapshot(folder.path());
   const std::string failure = inChild([&] {
@@ -113,7 +137,7 @@ TEST_F(AtomicWriteTest, KeepsTheOldFileAndNothingElseWhenItFails) {
   EXPECT_EQ(snapshot(folder.path()), before);
 }
 
-TEST_F(AtomicWriteTest, WritesIntoASubfolder) {
+TEST_P(AtomicWriteTest, WritesIntoASubfolder) {
   fs::create_directory(folder.path() / "sub");
   const std::string text = "{}";
   EXPECT_EQ(files.writeAtomically(folder.path() / "sub/Contents.json",
@@ -121,5 +145,7 @@ TEST_F(AtomicWriteTest, WritesIntoASubfolder) {
             std::nullopt);
   EXPECT_THAT(namesIn(folder.path() / "sub"), UnorderedElementsAre("Contents.json"));
 }
+
+INSTANTIATE_TEST_SUITE_P(FileSystems, AtomicWriteTest, ::testing::Values(0, EOPNOTSUPP));
 
 }  // namespace tessarine::testing

@@ -105,6 +105,14 @@ TEST_P(AtomicWriteTest, IsNotDisturbedByAnotherAtTheSameTime) {
   EXPECT_THAT(namesIn(folder.path()), UnorderedElementsAre("Contents.json"));
 }
 
+TEST_P(AtomicWriteTest, GoesOnWhereTheFileSystemCannotSync) {
+  for (const int error : {EINVAL, EROFS, ENOTSUP}) {
+    systemCalls.syncError = error;
+    EXPECT_EQ(write(std::to_string(error)), "");
+    EXPECT_EQ(contentsOf(catalogue), std::to_string(error));
+  }
+}
+
 TEST_P(AtomicWriteTest, KeepsTheOldFileWhenTheDiskFails) {
   writeFile(catalogue, "old");
   systemCalls.syncError = EIO;

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
 #include <utility>
 
-#include "platform/vips/formats.h"
 #include "platform/vips/held_tiff.h"
 #include "platform/vips/loader.h"
 #include "platform/vips/magic.h"
@@ -91,6 +91,14 @@ Decoded decode(const ByteBuffer& bytes, const Format* sameAs) {
 }
 
 }  // namespace
+
+bool canBeRead(const Format& format) {
+  if (!startVips() || !hasLoader(format.loader)) return false;
+  if (format.sample == nullptr) return true;
+  std::size_t size = 0;
+  const std::shared_ptr<guchar> sample(g_base64_decode(format.sample, &size), g_free);
+  return decodePicture(ByteBuffer({sample.get(), size}, sample)).picture.has_value();
+}
 
 Decoded decodePicture(const ByteBuffer& bytes) {
   return decode(bytes, nullptr);

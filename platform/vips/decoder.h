@@ -5,6 +5,7 @@
 
 #include "platform/bytes.h"
 #include "platform/picture.h"
+#include "platform/vips/formats.h"
 #include "platform/vips/regular_file.h"
 
 namespace tessarine {
@@ -18,6 +19,9 @@ struct Decoded {
 
 // The picture in encoded bytes of any readable kind; its bitmap may be a view of `bytes`.
 Decoded decodePicture(const ByteBuffer& bytes);
+
+// Whether the libraries of this machine read pictures of this kind.
+bool canBeRead(const Format& format);
 
 // Why the file is refused before a decoder sees it; empty when it is not.
 std::string refusalOf(const RegularFile& file);

@@ -4,6 +4,7 @@
 
 #include "platform/vips/magic.h"
 #include "platform/vips/preparation.h"
+#include "platform/vips/samples.h"
 
 namespace tessarine {
 
@@ -40,15 +41,19 @@ constexpr std::array<Format, 17> allFormats{{
     {"SVG", svgTypes, magic::svg, "svgload_source", true, preparation::withBearablePictures},
     {"SVGZ", svgzTypes, magic::svgz, "svgload_source", false, preparation::inflatedSVG},
     {"PDF", pdfTypes, magic::pdf, "pdfload_source", true},
-    {"HEIC", heicTypes, magic::heic, "heifload_source"},
-    {"AVIF", avifTypes, magic::avif, "heifload_source"},
+    {"HEIC", heicTypes, magic::heic, "heifload_source", false, nullptr, nullptr, samples::heic},
+    {"AVIF", avifTypes, magic::avif, "heifload_source", false, nullptr, nullptr, samples::avif},
     {"JPEG XL", jpegXLTypes, magic::jpegXL, "jxlload_source"},
     {"JPEG 2000", jpeg2000Types, magic::jpeg2000, "jp2kload_source"},
     {"ICNS", icnsTypes, magic::icns, "pngload_source", false, preparation::largestOfICNS},
-    {"ICO", icoTypes, magic::ico, "magickload_buffer", false, preparation::largestOfICO},
-    {"BMP", bmpTypes, magic::bmp, "magickload_buffer", false, nullptr, magic::sizeOfBMP},
-    {"PSD", psdTypes, magic::psd, "magickload_buffer", false, nullptr, magic::sizeOfPSD},
-    {"TGA", tgaTypes, magic::tga, "magickload_buffer", false, nullptr, magic::sizeOfTGA},
+    {"ICO", icoTypes, magic::ico, "magickload_buffer", false, preparation::largestOfICO, nullptr,
+     samples::ico},
+    {"BMP", bmpTypes, magic::bmp, "magickload_buffer", false, nullptr, magic::sizeOfBMP,
+     samples::bmp},
+    {"PSD", psdTypes, magic::psd, "magickload_buffer", false, nullptr, magic::sizeOfPSD,
+     samples::psd},
+    {"TGA", tgaTypes, magic::tga, "magickload_buffer", false, nullptr, magic::sizeOfTGA,
+     samples::tga},
 }};
 
 }  // namespace

@@ -26,6 +26,8 @@ struct Format {
   std::optional<ByteBuffer> (*prepare)(const ByteBuffer& file) = nullptr;
   // Where the loader takes memory for the pixels before it tells their size.
   PixelSize (*declaredSize)(Head head) = nullptr;
+  // A picture of `samples.h`, where the loader alone does not show that it can be read.
+  const char* sample = nullptr;
 };
 
 // How many bytes from a picture's start are enough to recognise it.

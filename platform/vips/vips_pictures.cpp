@@ -3,9 +3,21 @@
 #include "platform/vips/decoder.h"
 #include "platform/vips/formats.h"
 #include "platform/vips/held_tiff.h"
-#include "platform/vips/vips_library.h"
 
 namespace tessarine {
+
+namespace {
+
+std::vector<std::string> readableTypes() {
+  std::vector<std::string> types;
+  for (const Format& format : formats()) {
+    if (!canBeRead(format)) continue;
+    types.insert(types.end(), format.mimeTypes.begin(), format.mimeTypes.end());
+  }
+  return types;
+}
+
+}  // namespace
 
 std::optional<Picture> VipsPictures::decode(const ByteBuffer& bytes) {
   return decodePicture(bytes).picture;
@@ -20,12 +32,8 @@ std::optional<ByteBuffer> VipsPictures::tiffRepresentation(const Picture& pictur
 }
 
 std::vector<std::string> VipsPictures::imageTypes() {
-  std::vector<std::string> types;
-  if (!startVips()) return types;
-  for (const Format& format : formats()) {
-    if (!hasLoader(format.loader)) continue;
-    types.insert(types.end(), format.mimeTypes.begin(), format.mimeTypes.end());
-  }
+  // A drag asks again and again, and what is installed stays.
+  static const std::vector<std::string> types = readableTypes();
   return types;
 }
 

@@ -1,8 +1,10 @@
+#include <glib.h>
 #include <gtest/gtest.h>
 
 #include <cctype>
 #include <cstdlib>
 #include <fstream>
+#include <memory>
 #include <set>
 #include <sstream>
 #include <string>
@@ -150,6 +152,31 @@ TEST(Formats, AreRecognisedAsWhatTheyAre) {
         formatOf({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
     ASSERT_NE(format, nullptr) << sample.file;
     EXPECT_EQ(format->name, sample.format) << sample.file;
+  }
+}
+
+TEST(Formats, AreReadOnlyWithLoaderAndCodec) {
+  for (const Format& format : formats()) {
+    EXPECT_TRUE(canBeRead(format)) << format.name;
+    Format lacking = format;
+    lacking.loader = "nosuchload_source";
+    EXPECT_FALSE(canBeRead(lacking)) << format.name;
+    if (format.sample == nullptr) continue;
+    // As a codec that is missing would refuse it.
+    const std::string damaged(format.sample, 24);
+    lacking = format;
+    lacking.sample = damaged.c_str();
+    EXPECT_FALSE(canBeRead(lacking)) << format.name;
+  }
+}
+
+TEST(Formats, HaveSamplesOfTheirOwnKind) {
+  for (const Format& format : formats()) {
+    if (format.sample == nullptr) continue;
+    std::size_t size = 0;
+    const std::unique_ptr<guchar, decltype(&g_free)> sample(g_base64_decode(format.sample, &size),
+                                                            g_free);
+    EXPECT_EQ(formatOf({sample.get(), size}), &format) << format.name;
   }
 }
 

@@ -94,8 +94,8 @@ std::size_t receive(const Descriptor& pipe, std::span<std::uint8_t> room,
                     Clock::time_point deadline) {
   std::size_t count = 0;
   while (count < room.size()) {
-    const auto left =
-        std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now()).count();
+    // Rounded up, so that a wait in vain ends behind the deadline.
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
     if (left <= 0) break;
     pollfd waiting{pipe.number(), POLLIN, 0};
     const int ready = ::poll(&waiting, 1, static_cast<int>(left));

@@ -14,7 +14,7 @@ namespace tessarine {
 namespace {
 
 // A field of a single character leaves its row out.
-bool qualifies(const Outlet<TextField>& field) {
+bool isFilled(const Outlet<TextField>& field) {
   return characterCount(field->stringValue()) >= 2;
 }
 
@@ -24,10 +24,14 @@ std::int64_t pixels(const Outlet<TextField>& field) {
 
 }  // namespace
 
+bool qualifies(const FormRow& row) {
+  return isFilled(row.name) && isFilled(row.left) && isFilled(row.right);
+}
+
 void generateCustomIcons(Platform& platform, const IconInfo& iconInfo, const CustomForm& form) {
   const std::string folder = chooseOutputDirectory(platform);
   for (const FormRow& row : form.rows) {
-    if (!qualifies(row.name) || !qualifies(row.left) || !qualifies(row.right)) continue;
+    if (!qualifies(row)) continue;
     const Picture source = required(iconInfo.image(platform.pictures));
     const std::int64_t width = pixels(row.left);
     const std::int64_t height = pixels(row.right);

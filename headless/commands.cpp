@@ -1,5 +1,6 @@
 #include "headless/commands.h"
 
+#include <algorithm>
 #include <functional>
 
 #include "custom/custom_icon_generator.h"
@@ -82,8 +83,8 @@ ExitStatus run(const CutSets& command) {
 }
 
 ExitStatus run(const CutCustom& command) {
-  Host host(command.rows.size());
   const ArgumentForm arguments(command.rows);
+  Host host(static_cast<std::size_t>(std::ranges::count_if(arguments.form().rows, qualifies)));
   ExitStatus status = ExitStatus::refused;
   host.into(command.folder, [&](Platform& platform) {
     if (!validateForm(platform, arguments.form())) return;

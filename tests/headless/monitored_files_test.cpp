@@ -55,6 +55,13 @@ TEST(Progress, IsShownOnATerminalAndClearedInTheEnd) {
   EXPECT_TRUE(shown.ends_with("11/11 Contents.json\r\x1b[K")) << shown;
 }
 
+TEST(Progress, CountsNoRowsThatAreLeftOut) {
+  const SourcePicture source;
+  const std::string shown = shownOnATerminal({"custom", source.picture(), source.icons(), "icon",
+                                              "10", "10", "a", "10", "10", "banner", "8", "10"});
+  EXPECT_EQ(shown, "\r\x1b[K1/1 icon.png\r\x1b[K");
+}
+
 TEST(Progress, ShowsNoControlCharactersOfAName) {
   const SourcePicture source;
   const std::string shown =

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/support/fake_form.h"
+#include "tests/support/memory_limit.h"
 
 namespace tessarine {
 namespace {
@@ -207,6 +208,19 @@ TEST_F(CustomIconsDeathTest, StopSilentlyAtTheFirstQualifyingRowWithoutAPicture)
 TEST_F(CustomIconsDeathTest, StopSilentlyAtAnUnconnectedOutlet) {
   fields.form.rows[7].name = {};
   EXPECT_EXIT(run(), ::testing::KilledBySignal(SIGABRT), "^$");
+}
+
+TEST_F(CustomIconsDeathTest, StopSilentlyWhenThereIsNoMemoryToScale) {
+  if (!testing::memoryCanBeLimited()) GTEST_SKIP() << "memory cannot be limited";
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  // So narrow an icon is scaled by way of a picture of two megabytes.
+  host.pictures.decodable["held"] = testing::plainPicture({512, 16'000});
+  fields.fill(1, {"Narrow", "01", "16000"});
+  const auto runWithin = [this](std::size_t bytes) {
+    testing::leaveMemory(bytes);
+    run();
+  };
+  EXPECT_EXIT(runWithin(1 << 20), ::testing::KilledBySignal(SIGABRT), "^$");
 }
 
 }  // namespace

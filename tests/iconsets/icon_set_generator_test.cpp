@@ -6,6 +6,7 @@
 #include "iconsets/ios.h"
 #include "iconsets/macos.h"
 #include "iconsets/windows10.h"
+#include "tests/support/memory_limit.h"
 #include "tests/support/recording_platform.h"
 
 namespace tessarine {
@@ -164,6 +165,23 @@ TEST(IconSetGenerator, AsksTheQuestionBeforeItMissesThePicture) {
     generateIconSet(platform, IconInfo(), macOSIconSet);
   };
   EXPECT_EXIT(run(), ::testing::KilledBySignal(SIGABRT), StrEq("asked"));
+}
+
+TEST(IconSetGeneratorDeathTest, StopsSilentlyWhenThereIsNoMemoryToScale) {
+  if (!testing::memoryCanBeLimited()) GTEST_SKIP() << "memory cannot be limited";
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  const auto run = [] {
+    testing::RecordingPlatform host;
+    // So narrow an icon is scaled by way of a picture of two megabytes.
+    host.pictures.decodable["held"] = testing::plainPicture({512, 16'000});
+    IconInfo iconInfo;
+    iconInfo.imageData = testing::bytesOf("held");
+    const std::array<std::string_view, 1> names{"narrow"};
+    const std::array<IconSize, 1> sizes{{{"narrow", {1, 16'000}}}};
+    testing::leaveMemory(1 << 20);
+    generateIconSet(host.platform, iconInfo, {names, sizes, std::nullopt});
+  };
+  EXPECT_EXIT(run(), ::testing::KilledBySignal(SIGABRT), StrEq(""));
 }
 
 TEST(SizeOf, ComparesWholeNamesExactlyAndTakesTheFirstRow) {

@@ -1,22 +1,10 @@
 #include <gtest/gtest.h>
-#include <malloc.h>
-#include <sys/resource.h>
-#include <unistd.h>
 
 #include <cstdlib>
-#include <fstream>
 
 #include "output/png_encoder.h"
 #include "output/png_filters.h"
-
-// The address sanitizer takes the address space for itself.
-#if defined(__SANITIZE_ADDRESS__)
-#define TESSARINE_ADDRESS_SANITIZER 1
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define TESSARINE_ADDRESS_SANITIZER 1
-#endif
-#endif
+#include "tests/support/memory_limit.h"
 
 namespace tessarine {
 namespace {
@@ -35,22 +23,14 @@ struct Refusal {
 [[noreturn]] void encodeWithin(const Refusal& refusal) {
   const std::size_t bitmapBytes = Bitmap::byteCount(refusal.size).value();
   const Bitmap bitmap(refusal.size, ByteBuffer(MemoryBlock::allocate(bitmapBytes).value()));
-  std::size_t pages = 0;
-  std::ifstream("/proc/self/statm") >> pages;
-  const auto pageBytes = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
-  malloc_trim(0);
-  const rlimit limit{pages * pageBytes + refusal.bytesLeft, RLIM_INFINITY};
-  if (setrlimit(RLIMIT_AS, &limit) != 0) std::_Exit(2);
+  testing::leaveMemory(refusal.bytesLeft);
   std::_Exit(encodePNG(bitmap).has_value() == refusal.encodes ? 0 : 1);
 }
 
 class PNGEncoderMemory : public ::testing::TestWithParam<Refusal> {};
 
 TEST_P(PNGEncoderMemory, GivesNothingWhenRefused) {
-#if defined(TESSARINE_ADDRESS_SANITIZER)
-  GTEST_SKIP() << "memory cannot be limited under the address sanitizer";
-#endif
-  // In a new process, whose heap no other test has grown.
+  if (!testing::memoryCanBeLimited()) GTEST_SKIP() << "memory cannot be limited";
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   EXPECT_EXIT(encodeWithin(GetParam()), ::testing::ExitedWithCode(0), "");
 }

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <array>
 #include <tuple>
+#include <utility>
 
 #include "app/custom_drag_view.h"
 #include "app/custom_vc.h"
@@ -20,31 +21,25 @@ namespace tessarine {
 
 namespace {
 
-// A control of an interface description and the outlet that refers to it.
-template <class Widgets, class Widget, class Outlets, class Control>
-struct Connection {
-  Widget* Widgets::*widget;
-  Outlet<Control> Outlets::*outlet;
-};
-
+// Each control of an interface description with the outlet that refers to it.
 constexpr std::tuple mainOutlets{
-    Connection{&Ui::MainScreen::imageView, &DragView::Outlets::imageView},
-    Connection{&Ui::MainScreen::btniOS, &DragView::Outlets::btniOS},
-    Connection{&Ui::MainScreen::btnMacOS, &DragView::Outlets::btnMacOS},
-    Connection{&Ui::MainScreen::btnAppleWatch, &DragView::Outlets::btnAppleWatch},
-    Connection{&Ui::MainScreen::btnWindows10, &DragView::Outlets::btnWindows10},
-    Connection{&Ui::MainScreen::btnCustom, &DragView::Outlets::btnCustom},
+    std::pair{&Ui::MainScreen::imageView, &DragView::Outlets::imageView},
+    std::pair{&Ui::MainScreen::btniOS, &DragView::Outlets::btniOS},
+    std::pair{&Ui::MainScreen::btnMacOS, &DragView::Outlets::btnMacOS},
+    std::pair{&Ui::MainScreen::btnAppleWatch, &DragView::Outlets::btnAppleWatch},
+    std::pair{&Ui::MainScreen::btnWindows10, &DragView::Outlets::btnWindows10},
+    std::pair{&Ui::MainScreen::btnCustom, &DragView::Outlets::btnCustom},
 };
 
 constexpr std::tuple customOutlets{
-    Connection{&Ui::CustomScreen::imageView, &CustomDragView::Outlets::imageView},
-    Connection{&Ui::CustomScreen::btnCustom, &CustomDragView::Outlets::btnCustom},
+    std::pair{&Ui::CustomScreen::imageView, &CustomDragView::Outlets::imageView},
+    std::pair{&Ui::CustomScreen::btnCustom, &CustomDragView::Outlets::btnCustom},
 };
 
 template <class Tuple, class Widgets, class Outlets>
 void connectAll(const Tuple& connections, Widgets& widgets, Outlets& outlets) {
   std::apply(
-      [&](const auto&... each) { ((outlets.*each.outlet).connect(*(widgets.*each.widget)), ...); },
+      [&](const auto&... each) { ((outlets.*each.second).connect(*(widgets.*each.first)), ...); },
       connections);
 }
 

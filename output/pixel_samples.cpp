@@ -81,7 +81,7 @@ class Group {
 HWY_INLINE void prefetch(const std::uint8_t* levels, std::size_t offset, std::size_t byteCount) {
   const auto first = reinterpret_cast<std::uintptr_t>(levels) + offset;
   for (std::size_t i = 0; i < byteCount; i += cacheLine) {
-    hwy::Prefetch(reinterpret_cast<const std::uint8_t*>(first + i));
+    hwy::Prefetch(reinterpret_cast<const std::uint8_t*>(first + i));  // NOLINT(*-int-to-ptr)
   }
 }
 

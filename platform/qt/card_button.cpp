@@ -150,7 +150,7 @@ void CardButton::paintTexts(QPainter& painter, const QStyleOptionButton& option,
   const QColor strong = option.palette.color(QPalette::Active, QPalette::WindowText);
   const QColor soft = secondaryText(option.palette);
   const bool underlined = style()->styleHint(QStyle::SH_UnderlineShortcut, &option, this) != 0;
-  const int leading = QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft);
+  const auto leading = static_cast<int>(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft));
   painter.setFont(titleFont());
   painter.setPen(usable(option) ? strong : soft);
   const int mnemonic = underlined ? Qt::TextShowMnemonic : Qt::TextHideMnemonic;

@@ -20,7 +20,7 @@ struct Opened {
 };
 
 // Opens a path beneath a folder. A path that leads out of it, by `..`, by an absolute link or by a
-// link that climbs, fails with EXDEV or ELOOP; links that stay inside are followed.
+// link that climbs, fails with EXDEV; links that stay inside are followed.
 // `mode` is for a file that O_CREAT makes, and 0 without that flag. Safe against changes that
 // others make in the folder meanwhile.
 Opened openBeneath(const Descriptor& folder, const std::string& path, int flags, mode_t mode,

@@ -18,7 +18,6 @@ namespace {
 std::string cause(int error) {
   switch (error) {
     case EXDEV:
-    case ELOOP:
       return "not permitted outside the chosen folder";
     case ENXIO:
       return "not a plain file";

@@ -2,6 +2,8 @@
 
 #include <QFontMetrics>
 
+#include <algorithm>
+
 namespace tessarine {
 
 void FormField::becomeFirstResponder() {

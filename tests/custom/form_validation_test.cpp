@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 #include "custom/validation_rules.h"
 #include "tests/support/fake_form.h"
 

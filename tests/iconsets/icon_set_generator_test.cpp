@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 #include "iconsets/apple_watch.h"
 #include "iconsets/ios.h"
 #include "iconsets/macos.h"

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <hwy/highway.h>
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 #include <tuple>

@@ -1,8 +1,8 @@
 // quality draw FOLDER                            draws the probes as held pictures
 // quality probes FOLDER                          measures a tool's copies of them
 // quality reference ROWS SOURCE FOLDER SHRINK ENLARGE
-//                                                 the least and the mean distance of a tool's files
-//                                                 to the reference of its kernels, in decibels
+//                                                 the least distance of a tool's files to the
+//                                                 reference of its kernels, in decibels
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
@@ -38,7 +38,6 @@ void reference(int argc, char** argv) {
   must(source.has_value(), argv[2]);
   const benchmarks::Plane plane = benchmarks::premultiplied(*source->bitmap);
   double least = 1000;
-  double sum = 0;
   for (const benchmarks::Row& row : job.rows) {
     const PixelSize size{row.width, row.height};
     const char* kernel = size.width <= plane.size.width ? argv[4] : argv[5];
@@ -46,9 +45,8 @@ void reference(int argc, char** argv) {
         benchmarks::signalToNoise(benchmarks::premultiplied(readPNG(job.pathOf(row))),
                                   benchmarks::scaled(plane, size, kernel));
     least = std::min(least, ratio);
-    sum += std::min(ratio, 100.0);
   }
-  std::printf("%.1f %.1f\n", least, sum / static_cast<double>(job.rows.size()));
+  std::printf("%.1f\n", least);
 }
 
 }  // namespace

@@ -9,9 +9,9 @@
 #include "iconsets/icon_set_generator.h"
 #include "intake/icon_info.h"
 #include "platform/headless/headless_host.h"
+#include "platform/isolation/isolated_pictures.h"
 #include "platform/posix/granting_panel.h"
 #include "platform/posix/standard_console.h"
-#include "platform/vips/vips_pictures.h"
 
 namespace {
 
@@ -42,7 +42,7 @@ int main(int argc, char** argv) {
   benchmarks::Job job = benchmarks::readJob(argc, argv);
   const auto sets = setsOf(job);
 
-  VipsPictures pictures;
+  IsolatedPictures pictures;
   GrantedFiles files;
   NoWorkspace workspace;
   StandardConsole console;

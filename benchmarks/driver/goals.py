@@ -3,9 +3,9 @@
 ADAPTIVE = "sharp, adaptive filter"
 
 
-def times(tool, key="processor"):
+def times(tool):
     """How many times faster than the tool."""
-    return lambda runs: runs[tool][key] / runs["Tessarine"][key]
+    return lambda runs: runs[tool]["clock"] / runs["Tessarine"]["clock"]
 
 
 def share(tool, key):
@@ -17,8 +17,7 @@ def share(tool, key):
 GOALS = [
     ("times faster than sharp with adaptive filter", times(ADAPTIVE), True, (3, 2.5, 2.2)),
     ("times faster than sharp as it comes", times("sharp"), True, (2.5, 1.5, 2)),
-    ("times faster than sharp on all cores, by the clock",
-     times("sharp, all cores", "clock"), True, (1.5, 1, 2)),
+    ("times faster than sharp on all cores", times("sharp, all cores"), True, (1.5, 1, 2)),
     ("times faster than Qt", times("Qt"), True, (3, 2.5, 5)),
     ("times faster than ImageMagick", times("ImageMagick"), True, (5, 4, 20)),
     ("times faster than libvips", times("libvips"), True, (None, None, None)),
@@ -26,6 +25,8 @@ GOALS = [
     ("of the bytes of sharp as it comes", share("sharp", "bytes"), False, (None, 0.6, None)),
     ("of the memory of sharp", share("sharp", "peak"), False, (0.6, None, None)),
 ]
+# Decibels to the reference, at least.
+QUALITY_GOALS = (60, 60, 57)
 
 
 def verdict(value, at_least, goal):

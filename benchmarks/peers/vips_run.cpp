@@ -1,14 +1,11 @@
 // Cuts a job's files with libvips in one thread.
 #include <vips/vips.h>
 
-#include <cstring>
-
 #include "benchmarks/job.h"
 
 int main(int argc, char** argv) {
   using namespace tessarine::benchmarks;
   const Job job = readJob(argc, argv);
-  const bool adaptive = argc > 4 && std::strcmp(argv[4], "adaptive") == 0;
   must(VIPS_INIT(argv[0]) == 0, "vips");
   vips_concurrency_set(1);
   vips_cache_set_max(0);  // otherwise the source is decoded for the first file alone
@@ -20,9 +17,7 @@ int main(int argc, char** argv) {
                                  &scaled, row.width, "height", row.height, "size", VIPS_SIZE_FORCE,
                                  nullptr) == 0,
            "thumbnail");
-      const int filter = adaptive ? VIPS_FOREIGN_PNG_FILTER_ALL : VIPS_FOREIGN_PNG_FILTER_NONE;
-      must(vips_pngsave(scaled, job.pathOf(row).c_str(), "filter", filter, nullptr) == 0,
-           "pngsave");
+      must(vips_pngsave(scaled, job.pathOf(row).c_str(), nullptr) == 0, "pngsave");
       g_object_unref(scaled);
     }
   });

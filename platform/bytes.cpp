@@ -3,12 +3,35 @@
 #include <algorithm>
 #include <utility>
 
+#ifdef __linux__
+#include <sys/mman.h>
+
+#include <memory>
+#endif
+
 namespace tessarine {
+
+namespace {
+
+// Large blocks would otherwise be given page by page of 4 kB, each by an interruption.
+void preferLargePages([[maybe_unused]] void* memory, [[maybe_unused]] std::size_t size) {
+#ifdef __linux__
+  constexpr std::size_t largePage = std::size_t{2} << 20;
+  if (size < 2 * largePage) return;
+  // Merely advice: where it is not taken, nothing is lost.
+  if (std::align(largePage, largePage, memory, size) != nullptr) {
+    ::madvise(memory, size / largePage * largePage, MADV_HUGEPAGE);
+  }
+#endif
+}
+
+}  // namespace
 
 std::optional<MemoryBlock> MemoryBlock::allocate(std::size_t size) noexcept {
   // calloc(0) may answer with a null pointer that is no refusal.
   auto* memory = static_cast<std::uint8_t*>(std::calloc(std::max<std::size_t>(size, 1), 1));
   if (memory == nullptr) return std::nullopt;
+  preferLargePages(memory, size);
   return MemoryBlock(memory, size);
 }
 

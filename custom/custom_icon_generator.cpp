@@ -18,15 +18,15 @@ bool isFilled(const Outlet<TextField>& field) {
   return characterCount(field->stringValue()) >= 2;
 }
 
+bool qualifies(const FormRow& row) {
+  return isFilled(row.name) && isFilled(row.left) && isFilled(row.right);
+}
+
 std::int64_t pixels(const Outlet<TextField>& field) {
   return intValue(field->stringValue());
 }
 
 }  // namespace
-
-bool qualifies(const FormRow& row) {
-  return isFilled(row.name) && isFilled(row.left) && isFilled(row.right);
-}
 
 void generateCustomIcons(Platform& platform, const IconInfo& iconInfo, const CustomForm& form) {
   const std::string folder = chooseOutputDirectory(platform);

@@ -6,12 +6,9 @@
 
 namespace tessarine {
 
-// Whether each of the row's three fields has at least two characters.
-bool qualifies(const FormRow& row);
-
-// Asks for a folder, writes one file for each row that qualifies, in row order, and shows the
-// folder. A cancelled question and failed writes do not end the run; a qualifying row without a
-// picture stops the program.
+// Asks for a folder, writes one file for each row whose three fields have at least two characters,
+// in row order, and shows the folder. A cancelled question and failed writes do not end the run; a
+// qualifying row without a picture stops the program.
 void generateCustomIcons(Platform& platform, const IconInfo& iconInfo, const CustomForm& form);
 
 }  // namespace tessarine

@@ -1,6 +1,5 @@
 #include "headless/commands.h"
 
-#include <algorithm>
 #include <functional>
 
 #include "custom/custom_icon_generator.h"
@@ -34,7 +33,7 @@ class Host {
   IsolatedPictures pictures;
 
   ExitStatus status() const {
-    return files_.failures() == 0 ? ExitStatus::written : ExitStatus::incomplete;
+    return files_.complete() ? ExitStatus::written : ExitStatus::incomplete;
   }
   // Runs `generate` on a platform whose folder question is answered with `folder`.
   void into(const std::string& folder, const std::function<void(Platform&)>& generate) {
@@ -84,7 +83,7 @@ ExitStatus run(const CutSets& command) {
 
 ExitStatus run(const CutCustom& command) {
   const ArgumentForm arguments(command.rows);
-  Host host(static_cast<std::size_t>(std::ranges::count_if(arguments.form().rows, qualifies)));
+  Host host(command.rows.size());
   ExitStatus status = ExitStatus::refused;
   host.into(command.folder, [&](Platform& platform) {
     if (!validateForm(platform, arguments.form())) return;

@@ -7,7 +7,7 @@ namespace tessarine {
 // What the program ends with.
 enum class ExitStatus {
   written = 0,     // every file
-  incomplete = 1,  // some file could not be written; a line on standard output tells which
+  incomplete = 1,  // not every file; a line on standard output tells of each failed write
   refused = 2,     // the usage or the picture; nothing was written
 };
 

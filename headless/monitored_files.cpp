@@ -30,10 +30,9 @@ void MonitoredFiles::begin(const std::string& path) {
 }
 
 std::optional<std::string> MonitoredFiles::end(std::optional<std::string> failure) {
-  if (!failure) return failure;
-  ++failures_;
+  if (!failure) ++written_;
   // The failure's own line follows, on what may be the same terminal.
-  if (onTerminal_) std::fputs(clearLine, stderr);
+  if (failure && onTerminal_) std::fputs(clearLine, stderr);
   return failure;
 }
 

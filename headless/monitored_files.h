@@ -10,10 +10,10 @@
 
 namespace tessarine {
 
-// Files that counts what could not be written and, on a terminal, shows how far the run has come.
+// Files that counts what was written and, on a terminal, shows how far the run has come.
 class MonitoredFiles final : public Files {
  public:
-  // `files` must outlive it; `total` is the number of files that the run will write.
+  // `files` must outlive it; `total` is the number of files that the run is asked for.
   MonitoredFiles(Files& files, std::size_t total);
   // Clears the progress.
   ~MonitoredFiles() override;
@@ -25,7 +25,8 @@ class MonitoredFiles final : public Files {
   std::optional<std::string> writeAtomically(const std::string& path,
                                              std::span<const std::uint8_t> bytes) override;
 
-  std::size_t failures() const { return failures_; }
+  // Whether as many files were written as were asked for.
+  bool complete() const { return written_ == total_; }
 
  private:
   void begin(const std::string& path);
@@ -35,7 +36,7 @@ class MonitoredFiles final : public Files {
   std::size_t total_;
   bool onTerminal_;
   std::size_t begun_ = 0;
-  std::size_t failures_ = 0;
+  std::size_t written_ = 0;
 };
 
 }  // namespace tessarine

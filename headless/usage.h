@@ -21,13 +21,13 @@ SET is one of:
   all          each of these, in a folder of its name below FOLDER
 
 custom writes NAME.png at WIDTH x HEIGHT pixels, for 1 to 8 names. A name, width
-or height of one character leaves its file out.
+or height of one character yields no file, nor does a size that is not above 0.
 
   --help       show this text
   --version    show the version
 
-Exit status: 0 when every file was written; 1 when some file could not be, which
-is told on standard output; 2 when the usage is wrong or the picture cannot be
-read, which is told on standard error, with nothing written.)";
+Exit status: 0 when every file was written; 1 when some file was not, and each
+write that failed is told on standard output; 2 when the usage is wrong or the
+picture cannot be read, which is told on standard error, with nothing written.)";
 
 }  // namespace tessarine

@@ -80,7 +80,7 @@ class MemoryLoop {
     const bool refused = outcome.status == 2 && linesOf(outcome.error).size() == 1;
     const bool silent = outcome.error.empty() && outcome.output.empty();
     const bool stopped = outcome.status == 128 + SIGABRT && silent;
-    const bool finished = outcome.status == 0 && silent;
+    const bool finished = outcome.status == (files == expected_ ? 0 : 1) && silent;
     wholeInARow_ = finished && files == expected_ ? wholeInARow_ + 1 : 0;
     bool whole = !refused || files.empty();
     for (const auto& [name, contents] : files) {

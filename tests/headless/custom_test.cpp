@@ -1,8 +1,10 @@
 #include <gmock/gmock.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include "tests/headless/program.h"
 #include "tests/headless/source_picture.h"
+#include "tests/support/memory_limit.h"
 
 namespace tessarine::testing {
 
@@ -20,10 +22,10 @@ namespace fs = std::filesystem;
 
 class Custom : public ::testing::Test {
  protected:
-  Outcome cut(const std::vector<std::string>& rows) {
+  Outcome cut(const std::vector<std::string>& rows, const std::function<void()>& prepare = {}) {
     std::vector<std::string> arguments{"custom", source.picture(), source.icons()};
     arguments.insert(arguments.end(), rows.begin(), rows.end());
-    return runProgram(arguments);
+    return runProgram(arguments, prepare);
   }
   std::string sizeOf(const std::string& name) { return sizeOfPNG(source.icons() / name); }
 
@@ -33,7 +35,7 @@ class Custom : public ::testing::Test {
 struct SizeCase {
   std::string label;
   std::string width;
-  // Of the file at a height of 16; empty when none is written.
+  // Of the file at a height of 16; empty when none is written, and the run incomplete.
   std::string size;
 };
 
@@ -60,11 +62,23 @@ TEST_F(Custom, LetsTheLaterRowOfANameWin) {
   EXPECT_EQ(sizeOf("Same.png"), "30x40");
 }
 
-TEST_F(Custom, LeavesOutARowOfOneCharacter) {
+TEST_F(Custom, IsIncompleteForARowOfOneCharacter) {
   const Outcome outcome = cut({"aa", "10", "10", "b", "10", "10", "cc", "5", "10"});
-  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.status, 1);
   EXPECT_THAT(outcome.output + outcome.error, IsEmpty());
   EXPECT_THAT(namesIn(source.icons()), ElementsAre("aa.png"));
+}
+
+TEST_F(Custom, IsIncompleteWithoutMemoryForAFile) {
+  if (!memoryCanBeLimited()) GTEST_SKIP() << "memory cannot be limited here";
+  const Outcome outcome = cut({"huge", "16000", "16000", "good", "10", "10"}, [] {
+    // The larger picture alone takes a gigabyte.
+    const rlimit limit{rlim_t{800} << 20, rlim_t{800} << 20};
+    ::setrlimit(RLIMIT_AS, &limit);
+  });
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.output + outcome.error, IsEmpty());
+  EXPECT_THAT(namesIn(source.icons()), ElementsAre("good.png"));
 }
 
 TEST_F(Custom, ShowsTheAlertOfTheFormAndWritesNothing) {
@@ -139,7 +153,7 @@ TEST_F(Custom, TellsEachHostileNameOnOneLineAndWritesTheOthers) {
 
 TEST_P(CustomSizes, AreReadAsTheFormReadsThem) {
   const Outcome outcome = cut({"sized", GetParam().width, "16", "after", "10", "10"});
-  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.status, GetParam().size.empty() ? 1 : 0);
   EXPECT_THAT(outcome.output + outcome.error, IsEmpty());
   EXPECT_TRUE(fs::exists(source.icons() / "after.png"));
   EXPECT_EQ(fs::exists(source.icons() / "sized.png"), !GetParam().size.empty());
@@ -152,7 +166,8 @@ INSTANTIATE_TEST_SUITE_P(
     Widths, CustomSizes,
     ::testing::Values(SizeCase{"zeros", "0000", ""}, SizeCase{"negative", "-5", ""},
                       SizeCase{"letters", "abc", ""}, SizeCase{"blanks", "  ", ""},
-                      SizeCase{"unit", "12px", "12x16"}, SizeCase{"leadingBlank", " 64", "64x16"},
+                      SizeCase{"unit", "12px", "12x16"}, SizeCase{"fraction", "16.5", "16x16"},
+                      SizeCase{"exponent", "1e2", "1x16"}, SizeCase{"leadingBlank", " 64", "64x16"},
                       SizeCase{"plus", "+64", "64x16"}, SizeCase{"leadingZeros", "0064", "64x16"},
                       SizeCase{"beyond32Bits", "99999999999", ""},
                       SizeCase{"largest", "2147483647", ""},

@@ -16,16 +16,25 @@ using ::testing::IsEmpty;
 using ::testing::Not;
 using ::testing::StartsWith;
 
-TEST(MonitoredFiles, CountWhatCouldNotBeWritten) {
+TEST(MonitoredFiles, AreCompleteWhenAllWereWritten) {
+  RecordingPlatform recording;
+  MonitoredFiles files(recording.files, 2);
+  EXPECT_EQ(files.writeInPlace("/f/good.png", {}), std::nullopt);
+  EXPECT_FALSE(files.complete());
+  EXPECT_EQ(files.writeAtomically("/f/Contents.json", {}), std::nullopt);
+  EXPECT_TRUE(files.complete());
+  EXPECT_TRUE(recording.files.written.contains("/f/good.png"));
+}
+
+TEST(MonitoredFiles, AreNotCompleteWhenAWriteFails) {
   RecordingPlatform recording;
   recording.files.failing = {"/f/bad.png", "/f/Contents.json"};
-  MonitoredFiles files(recording.files, 3);
-  EXPECT_EQ(files.writeInPlace("/f/good.png", {}), std::nullopt);
-  EXPECT_EQ(files.failures(), 0U);
-  EXPECT_NE(files.writeInPlace("/f/bad.png", {}), std::nullopt);
-  EXPECT_NE(files.writeAtomically("/f/Contents.json", {}), std::nullopt);
-  EXPECT_EQ(files.failures(), 2U);
-  EXPECT_TRUE(recording.files.written.contains("/f/good.png"));
+  MonitoredFiles inPlace(recording.files, 1);
+  EXPECT_NE(inPlace.writeInPlace("/f/bad.png", {}), std::nullopt);
+  EXPECT_FALSE(inPlace.complete());
+  MonitoredFiles atomic(recording.files, 1);
+  EXPECT_NE(atomic.writeAtomically("/f/Contents.json", {}), std::nullopt);
+  EXPECT_FALSE(atomic.complete());
 }
 
 namespace {
@@ -55,11 +64,11 @@ TEST(Progress, IsShownOnATerminalAndClearedInTheEnd) {
   EXPECT_TRUE(shown.ends_with("11/11 Contents.json\r\x1b[K")) << shown;
 }
 
-TEST(Progress, CountsNoRowsThatAreLeftOut) {
+TEST(Progress, CountsEveryRowThatIsAskedFor) {
   const SourcePicture source;
   const std::string shown = shownOnATerminal({"custom", source.picture(), source.icons(), "icon",
                                               "10", "10", "a", "10", "10", "banner", "8", "10"});
-  EXPECT_EQ(shown, "\r\x1b[K1/1 icon.png\r\x1b[K");
+  EXPECT_EQ(shown, "\r\x1b[K1/3 icon.png\r\x1b[K");
 }
 
 TEST(Progress, ShowsNoControlCharactersOfAName) {

@@ -1,6 +1,8 @@
 #include "headless/command_line.h"
 
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 #include "headless/named_sets.h"
 
@@ -13,8 +15,17 @@ std::string withoutTrailingSeparators(std::string_view folder) {
   return std::string(folder);
 }
 
+// The picture and the folder come first for every set. Empty, they are the slip of a script, and
+// the folders beneath an empty one would be those of the root.
+std::optional<WrongUsage> emptyOperand(std::span<const std::string_view> operands) {
+  if (operands[0].empty()) return WrongUsage{"no picture is named"};
+  if (operands[1].empty()) return WrongUsage{"no folder is named"};
+  return std::nullopt;
+}
+
 Command parseSets(std::string_view word, std::span<const std::string_view> operands) {
   if (operands.size() != 2) return WrongUsage{std::string(word) + " takes PICTURE FOLDER"};
+  if (auto wrong = emptyOperand(operands)) return *std::move(wrong);
   CutSets command{std::string(operands[0]), withoutTrailingSeparators(operands[1]), {}};
   for (const NamedSet& named : namedSets) {
     if (word == "all") {
@@ -33,6 +44,7 @@ Command parseCustom(std::span<const std::string_view> operands) {
   if (rows < 1 || rows > CutCustom::maximumRows) {
     return WrongUsage{"custom takes PICTURE FOLDER and 1 to 8 times NAME WIDTH HEIGHT"};
   }
+  if (auto wrong = emptyOperand(operands)) return *std::move(wrong);
   CutCustom command{std::string(operands[0]), withoutTrailingSeparators(operands[1]), {}};
   for (auto row = operands.subspan(2); !row.empty(); row = row.subspan(fields)) {
     command.rows.push_back({std::string(row[0]), std::string(row[1]), std::string(row[2])});

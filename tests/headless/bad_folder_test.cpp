@@ -68,10 +68,6 @@ TEST_F(BadFolder, BelowAFileFailsEveryWrite) {
   expectElevenLines(cut(source.icons() / "below"), "Not a directory");
 }
 
-TEST_F(BadFolder, OfAnEmptyNameFailsEveryWrite) {
-  expectElevenLines(cut(""), "No such file or directory");
-}
-
 TEST_F(BadFolder, ThatAnOrdinaryUserMayNotWriteFailsEveryWrite) {
   if (!isRoot()) GTEST_SKIP() << "only root can become an ordinary user";
   fs::permissions(source.root(), fs::perms(0755));

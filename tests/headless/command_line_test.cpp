@@ -52,10 +52,17 @@ TEST(CommandLine, OfAllSetsNamesAFolderForEach) {
 
 TEST(CommandLine, DropsSeparatorsAtTheEndOfAFolder) {
   for (const auto& [given, kept] : std::vector<std::pair<std::string_view, std::string>>{
-           {"icons/", "icons"}, {"a//b///", "a//b"}, {"/", "/"}, {"///", "/"}, {"", ""}}) {
+           {"icons/", "icons"}, {"a//b///", "a//b"}, {"/", "/"}, {"///", "/"}}) {
     EXPECT_EQ(std::get<CutSets>(parsed({"ios", "p", given})).folder, kept);
     EXPECT_EQ(std::get<CutCustom>(parsed({"custom", "p", given, "n", "1", "1"})).folder, kept);
   }
+}
+
+TEST(CommandLine, RefusesAnEmptyPictureOrFolder) {
+  EXPECT_THAT(parsed({"ios", "", "f"}), isWrong("no picture is named"));
+  EXPECT_THAT(parsed({"custom", "", "f", "n", "1", "1"}), isWrong("no picture is named"));
+  EXPECT_THAT(parsed({"all", "p", ""}), isWrong("no folder is named"));
+  EXPECT_THAT(parsed({"custom", "p", "", "n", "1", "1"}), isWrong("no folder is named"));
 }
 
 TEST(CommandLine, KeepsTheRowsOfCustomAsTyped) {

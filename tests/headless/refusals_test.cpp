@@ -72,6 +72,8 @@ INSTANTIATE_TEST_SUITE_P(
         Usage{"noPicture", {"ios"}, "ios takes PICTURE FOLDER"},
         Usage{"noFolder", {"all", "p"}, "all takes PICTURE FOLDER"},
         Usage{"tooMuch", {"ios", "p", "f", "x"}, "ios takes PICTURE FOLDER"},
+        Usage{"emptyPicture", {"ios", "", "f"}, "no picture is named"},
+        Usage{"emptyFolder", {"all", "p", ""}, "no folder is named"},
         Usage{"noRow", {"custom", "p", "f"}, "1 to 8 times NAME WIDTH HEIGHT"},
         Usage{"noCustomFolder", {"custom", "p"}, "1 to 8 times NAME WIDTH HEIGHT"},
         Usage{"rowCutShort", {"custom", "p", "f", "name", "64"}, "1 to 8 times NAME WIDTH HEIGHT"},
@@ -111,14 +113,6 @@ INSTANTIATE_TEST_SUITE_P(
         BadPicture{"linkToADevice",
                    [](const std::string& path) { fs::create_symlink("/dev/zero", path); }}),
     [](const auto& row) { return row.param.label; });
-
-TEST(BadPicture, OfAnEmptyNameIsRefused) {
-  const TemporaryFolder folder;
-  const Outcome outcome = runProgram({"ios", "", folder.path() / "icons"});
-  EXPECT_EQ(outcome.status, 2);
-  EXPECT_THAT(linesOf(outcome.error), SizeIs(1));
-  EXPECT_TRUE(fs::is_empty(folder.path()));
-}
 
 TEST(Options, AreAnswered) {
   const Outcome help = runProgram({"--help"});

@@ -63,6 +63,13 @@ TEST_F(IsolatedPicturesTest, AreThoseOfTheDecoderItself) {
   }
 }
 
+TEST_F(IsolatedPicturesTest, HoldNothingThatALibraryPrints) {
+  // Of this one libvips tells its progress.
+  const fs::path picture = samples / "lossless.webp";
+  expectSame(IsolatedPictures(TALKATIVE_DECODER).decodeFile(picture),
+             VipsPictures().decodeFile(picture));
+}
+
 TEST_F(IsolatedPicturesTest, AreRefusedForTheDecodersReason) {
   const TemporaryFolder folder;
   writeFile(folder.path() / "short.png", contentsOf(samples / "rgba.png").substr(0, 60));

@@ -20,3 +20,9 @@ await draw(photo, 4096, 'photo4096');
 for (const megapixels of [1, 4, 16, 64]) {
   await draw(photo, Math.round(Math.sqrt(megapixels) * 1024), `growth${megapixels}`);
 }
+
+// Photos of 48 megapixels as cameras store them.
+const camera = () => sharp(photo).resize(8000, 6000, { fit: 'fill' }).jpeg({ quality: 92 });
+await camera().toFile('sources/drop-srgb.jpg');
+await camera().withIccProfile('p3').toFile('sources/drop-p3.jpg');
+await camera().withMetadata({ orientation: 6 }).toFile('sources/drop-turned.jpg');

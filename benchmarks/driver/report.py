@@ -103,6 +103,13 @@ def growth(results, axis, head):
         for size, one in results["growth"][axis].items()])
 
 
+def drops(results):
+    names = {"srgb": "sRGB", "p3": "Display P3", "turned": "sRGB, turned by its orientation"}
+    return table(["JPEG of 48 megapixels", "seconds"], [
+        [names[photo], verdict(milliseconds / 1000, False, 2.5)]
+        for photo, milliseconds in results["drops"].items()])
+
+
 def write(path):
     with open(path) as file:
         results = json.load(file)
@@ -111,6 +118,7 @@ def write(path):
     parts = {
         "conditions": conditions(results), "goals": goals(results), "quality": quality(results),
         "phases": phase_rows(results), "libpng": libpng(results), "levels": levels(results),
+        "drops": drops(results),
         "by_source": growth(results, "source", "Megapixels of the source (100 files)"),
         "by_side": growth(results, "side", "Side of one square file, pixels"),
         "runs": "".join(f"### {title}\n\n{runs(results, source)}" for source, title in TITLES.items()),

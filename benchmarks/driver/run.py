@@ -7,6 +7,7 @@ import functools
 import json
 import os
 import statistics
+import time
 
 import machine
 import report
@@ -15,6 +16,7 @@ from tools import PROGRAMS, TOOLS, bytes_of, folder_of, output_of, run
 SOURCES = ["icon1024", "icon64", "photo4096"]
 REFERENCE_SIZES = [(16, 16), (29, 29), (48, 48), (87, 87), (180, 180), (310, 150), (512, 512), (620, 300),
                    (1024, 1024)]
+DROPS = ["srgb", "p3", "turned"]
 GROWTH_SOURCES = [1, 4, 16, 64]
 GROWTH_SIDES = [16, 64, 256, 1024, 2048, 4096, 8192]
 TESSARINE = TOOLS[0]
@@ -89,6 +91,16 @@ def phases(source, rows, repetitions):
     }
 
 
+def drops(repetitions):
+    """Milliseconds by the clock to read a large photo, as after a drop, and cut one small file."""
+    def once(photo):
+        start = time.monotonic()
+        output_of("headless/tessarine-headless", "custom", f"sources/drop-{photo}.jpg", "out/drop",
+                  "Icon", "16", "16")
+        return (time.monotonic() - start) * 1000
+    return {photo: statistics.median(once(photo) for _ in range(repetitions)) for photo in DROPS}
+
+
 def growth(rows, repetitions):
     def measured(rows_path, source):
         folder = "out/growth"
@@ -120,6 +132,7 @@ def main():
         "quality": lambda: {source: quality(source) for source in SOURCES},
         "probes": probes,
         "growth": lambda: growth(rows, times),
+        "drops": lambda: drops(times),
     }
     results = {}
     if options.stages and os.path.exists(RESULTS):

@@ -14,7 +14,7 @@
 namespace tessarine {
 
 // The identifier under which the finished program is installed.
-inline constexpr std::string_view bundleIdentifier = "org.tessarine.Tessarine";
+inline constexpr std::string_view bundleIdentifier = "org.tessarine.tessarine";
 
 // The program's own pasteboard type. Without an identifier it is the suffix alone.
 std::string customPasteboardType(std::optional<std::string_view> identifier = bundleIdentifier);

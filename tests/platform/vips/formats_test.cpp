@@ -3,6 +3,7 @@
 
 #include <cctype>
 #include <cstdlib>
+#include <cstring>
 #include <fstream>
 #include <memory>
 #include <set>
@@ -163,9 +164,9 @@ TEST(Formats, AreReadOnlyWithLoaderAndCodec) {
     EXPECT_FALSE(canBeRead(lacking)) << format.name;
     if (format.sample == nullptr) continue;
     // As a codec that is missing would refuse it.
-    const std::string damaged(format.sample, 24);
+    const std::string half(format.sample, std::strlen(format.sample) / 2);
     lacking = format;
-    lacking.sample = damaged.c_str();
+    lacking.sample = half.c_str();
     EXPECT_FALSE(canBeRead(lacking)) << format.name;
   }
 }

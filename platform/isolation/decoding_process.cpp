@@ -76,6 +76,8 @@ class Process {
   }
   ~Process() {
     if (error_ != 0) return;
+    // By itself too: it may have left its group.
+    ::kill(id_, SIGKILL);
     ::kill(-id_, SIGKILL);
     retried([&] { return ::waitpid(id_, nullptr, 0); });
   }

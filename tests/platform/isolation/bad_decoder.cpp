@@ -65,7 +65,8 @@ void obey(const std::string& word, const std::string& operand) {
   if (word == "grow") {
     refuse(MemoryBlock::allocate(std::size_t{5} << 30) ? "memory given" : "memory refused");
   }
-  if (word == "hang") {
+  if (word == "leave-group") ::setpgid(0, ::getpgid(::getppid()));
+  if (word == "hang" || word == "leave-group") {
     // So that a test that fails leaves nothing behind.
     ::alarm(60);
     while (true) ::pause();

@@ -70,6 +70,15 @@ TEST_F(BadDecoder, ThatNeverEndsIsStopped) {
   EXPECT_EQ(decoded.refusal, decoderTookTooLong);
 }
 
+TEST_F(BadDecoder, ThatLeavesItsGroupIsStopped) {
+  EXPECT_EQ(inChild([&] {
+              // Without which a test that fails would wait for the decoder's own end.
+              ::alarm(30);
+              return told("leave-group", 200ms).refusal;
+            }),
+            decoderTookTooLong);
+}
+
 TEST_F(BadDecoder, ThatSaysTooLittleCostsThePicture) {
   EXPECT_EQ(refusal("say-nothing"), decoderCrashed);
   EXPECT_EQ(refusal("stop-early"), decoderCrashed);

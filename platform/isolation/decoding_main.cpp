@@ -1,6 +1,7 @@
 #include "platform/isolation/decoding_main.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <signal.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
@@ -88,6 +89,12 @@ void send(const Descriptor& answer, const Decoded& decoded) {
   }
 }
 
+// Whether the program that asked is gone: it may have ended before this process was tied to it.
+bool isUnheard(const Descriptor& answer) {
+  pollfd pipe{answer.number(), 0, 0};
+  return ::poll(&pipe, 1, 0) > 0;
+}
+
 }  // namespace
 
 void decodeIfAsked(int argc, char** argv) {
@@ -96,6 +103,7 @@ void decodeIfAsked(int argc, char** argv) {
   // What a library prints must not get into the answer.
   ::dup2(STDERR_FILENO, STDOUT_FILENO);
   confineDecoding();
+  if (isUnheard(answer)) ::_exit(EXIT_FAILURE);
   send(answer, decodePicture(RegularFile(STDIN_FILENO)));
   // Without leave from the libraries, whose exit handlers have nothing to save.
   ::_exit(EXIT_SUCCESS);

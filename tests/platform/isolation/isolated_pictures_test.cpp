@@ -1,9 +1,15 @@
 #include "platform/isolation/isolated_pictures.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <array>
+#include <cstdlib>
 
+#include "platform/isolation/decoding_main.h"
 #include "platform/isolation/decoding_process.h"
 #include "platform/vips/vips_pictures.h"
 #include "tests/support/temporary_folder.h"
@@ -83,6 +89,23 @@ TEST_F(IsolatedPicturesTest, ThatTakeForEverAreRefused) {
   writeFile(folder.path() / "endless.pdf", endlessPDF());
   EXPECT_EQ(IsolatedPictures(TESSARINE_HEADLESS, 2s).read(folder.path() / "endless.pdf").refusal,
             decoderTookTooLong);
+}
+
+TEST(Decoder, EndsAtOnceWhereNobodyWaits) {
+  const pid_t decoder = ::fork();
+  ASSERT_GE(decoder, 0);
+  if (decoder == 0) {
+    std::array<int, 2> answer{};
+    const int picture = ::open((samples / "rgba.png").c_str(), O_RDONLY);
+    const bool arranged = ::pipe(answer.data()) == 0 && ::dup2(picture, STDIN_FILENO) >= 0 &&
+                          ::dup2(answer[1], STDOUT_FILENO) >= 0 && ::close(answer[1]) == 0 &&
+                          ::close(answer[0]) == 0;
+    if (arranged) ::execl(TESSARINE_HEADLESS, TESSARINE_HEADLESS, decodingArgument, nullptr);
+    ::_exit(99);
+  }
+  int status = 0;
+  ASSERT_EQ(::waitpid(decoder, &status, 0), decoder);
+  EXPECT_EQ(WEXITSTATUS(status), EXIT_FAILURE);
 }
 
 TEST(IsolatedPictures, NeedNoProcessForWhatIsNotForeign) {

@@ -2,8 +2,6 @@
 
 #include <sys/mman.h>
 
-#include <filesystem>
-#include <system_error>
 #include <utility>
 
 #include "platform/isolation/decoding_process.h"
@@ -12,11 +10,6 @@
 #include "platform/vips/regular_file.h"
 
 namespace tessarine {
-
-std::string thisProgram() {
-  std::error_code ignored;
-  return std::filesystem::read_symlink("/proc/self/exe", ignored);
-}
 
 IsolatedPictures::IsolatedPictures(std::string program, std::chrono::milliseconds patience)
     : program_(std::move(program)), patience_(patience) {}

@@ -9,16 +9,14 @@
 
 namespace tessarine {
 
-// The file of the running program; empty when the system does not tell.
-std::string thisProgram();
-
 // Pictures of which every foreign byte is decoded in another process, so that a decoder that
 // crashes, takes all memory or never ends costs no more than the picture. The program's own TIFF,
 // which a run reads for each of its files, is viewed at once.
 class IsolatedPictures final : public Pictures {
  public:
-  // `program` is a file whose `main` calls `decodeIfAsked`.
-  explicit IsolatedPictures(std::string program = thisProgram(),
+  // `program` is a file whose `main` calls `decodeIfAsked`: if none is named, that of this process,
+  // even when an upgrade has replaced it.
+  explicit IsolatedPictures(std::string program = "/proc/self/exe",
                             std::chrono::milliseconds patience = std::chrono::seconds(10));
 
   std::optional<Picture> decode(const ByteBuffer& bytes) override;

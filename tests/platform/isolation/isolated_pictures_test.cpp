@@ -124,8 +124,4 @@ TEST(IsolatedPictures, NeedNoProcessForWhatIsNoPicture) {
   EXPECT_FALSE(pictures.decode(bytesOf("")));
 }
 
-TEST(ThisProgram, IsTheOneThatRuns) {
-  EXPECT_EQ(fs::path(thisProgram()).filename(), "tessarine_isolation_tests");
-}
-
 }  // namespace tessarine::testing

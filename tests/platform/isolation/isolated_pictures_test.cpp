@@ -2,16 +2,19 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <thread>
 
 #include "platform/isolation/decoding_main.h"
 #include "platform/isolation/decoding_process.h"
 #include "platform/vips/vips_pictures.h"
+#include "tests/platform/isolation/watched_decoder.h"
 #include "tests/support/temporary_folder.h"
 
 namespace tessarine::testing {
@@ -89,6 +92,25 @@ TEST_F(IsolatedPicturesTest, ThatTakeForEverAreRefused) {
   writeFile(folder.path() / "endless.pdf", endlessPDF());
   EXPECT_EQ(IsolatedPictures(TESSARINE_HEADLESS, 2s).read(folder.path() / "endless.pdf").refusal,
             decoderTookTooLong);
+}
+
+TEST_F(IsolatedPicturesTest, AreDecodedInConfinement) {
+  const TemporaryFolder folder;
+  writeFile(folder.path() / "endless.pdf", endlessPDF());
+  const pid_t parent = ::fork();
+  ASSERT_GE(parent, 0);
+  if (parent == 0) {
+    pictures.read(folder.path() / "endless.pdf");
+    ::_exit(0);
+  }
+  bool confined = false;
+  while (!confined && ::waitpid(parent, nullptr, WNOHANG) == 0) {
+    std::this_thread::sleep_for(1ms);
+    confined = isConfined(decoderOf(parent));
+  }
+  EXPECT_TRUE(confined);
+  ::kill(parent, SIGKILL);
+  ::waitpid(parent, nullptr, 0);
 }
 
 TEST(Decoder, EndsAtOnceWhereNobodyWaits) {

@@ -22,10 +22,13 @@ constexpr Rights changeParent = Rights{1} << 13;
 constexpr Rights truncation = Rights{1} << 14;
 constexpr Rights deviceControl = Rights{1} << 15;
 constexpr Rights everyTCP = (Rights{1} << 0) | (Rights{1} << 1);  // to bind and to connect
+// To reach processes that are not confined: by abstract sockets, and by signals.
+constexpr Rights everyScope = (Rights{1} << 0) | (Rights{1} << 1);
 
 struct RulesetAttributes {
   Rights files;
   Rights net;
+  Rights scoped;
 };
 
 // What the kernel can take away, by the version of its interface.
@@ -34,7 +37,7 @@ RulesetAttributes takenBy(long version) {
   if (version >= 2) files |= changeParent;
   if (version >= 3) files |= truncation;
   if (version >= 5) files |= deviceControl;
-  return {files, version >= 4 ? everyTCP : 0};
+  return {files, version >= 4 ? everyTCP : 0, version >= 6 ? everyScope : 0};
 }
 
 constexpr Rights reading = LANDLOCK_ACCESS_FS_READ_FILE | LANDLOCK_ACCESS_FS_READ_DIR;

@@ -2,13 +2,19 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <linux/landlock.h>
 #include <netinet/in.h>
+#include <signal.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstddef>
 #include <cstring>
+#include <string>
 
 #include "platform/posix/granted_files.h"
 #include "tests/support/in_child.h"
@@ -22,6 +28,20 @@ namespace fs = std::filesystem;
 
 std::string told(bool succeeded) {
   return succeeded ? "allowed" : std::strerror(errno);
+}
+
+// Which version of its confinement the kernel has.
+long kernelVersion() {
+  return ::syscall(SYS_landlock_create_ruleset, nullptr, 0, LANDLOCK_CREATE_RULESET_VERSION);
+}
+
+int onAbstractSocket(const std::string& name, int (*call)(int, const sockaddr*, socklen_t)) {
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  // Behind a null byte.
+  const auto length = name.copy(address.sun_path + 1, sizeof address.sun_path - 1);
+  const auto size = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + 1 + length);
+  return call(::socket(AF_UNIX, SOCK_DGRAM, 0), reinterpret_cast<const sockaddr*>(&address), size);
 }
 
 int onLoopback(int (*call)(int, const sockaddr*, socklen_t)) {
@@ -109,11 +129,17 @@ TEST_F(ConfinementTest, StartsNoPrograms) {
 }
 
 TEST_F(ConfinementTest, UsesNoTCP) {
-  if (confined([] { return onLoopback(::bind) == 0; }) == "allowed") {
-    GTEST_SKIP() << "the kernel cannot take TCP away";
-  }
+  if (kernelVersion() < 4) GTEST_SKIP() << "the kernel cannot take TCP away";
   EXPECT_EQ(confined([] { return onLoopback(::bind) == 0; }), "Permission denied");
   EXPECT_EQ(confined([] { return onLoopback(::connect) == 0; }), "Permission denied");
+}
+
+TEST_F(ConfinementTest, ReachesNoOtherProcess) {
+  if (kernelVersion() < 6) GTEST_SKIP() << "the kernel cannot take signals and sockets away";
+  EXPECT_EQ(confined([] { return ::kill(::getppid(), 0) == 0; }), "Operation not permitted");
+  ASSERT_EQ(onAbstractSocket(root, ::bind), 0);
+  EXPECT_EQ(confined([&] { return onAbstractSocket(root, ::connect) == 0; }),
+            "Operation not permitted");
 }
 
 }  // namespace tessarine::testing

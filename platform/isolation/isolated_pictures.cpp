@@ -1,5 +1,6 @@
 #include "platform/isolation/isolated_pictures.h"
 
+#include <fcntl.h>
 #include <sys/mman.h>
 
 #include <utility>
@@ -16,10 +17,14 @@ IsolatedPictures::IsolatedPictures(std::string program, std::chrono::millisecond
 
 std::optional<Picture> IsolatedPictures::decode(const ByteBuffer& bytes) {
   if (auto bitmap = viewHeldTIFF(bytes)) return Picture{bitmap->size(), *std::move(bitmap)};
-  const int descriptor = ::memfd_create("picture", MFD_CLOEXEC);
+  if (formatOf(headOf(bytes)) == nullptr) return std::nullopt;
+  const int descriptor = ::memfd_create("picture", MFD_CLOEXEC | MFD_ALLOW_SEALING);
   const int error = writeWhole(descriptor, bytes.bytes());
   const RegularFile file(descriptor);
-  return error == 0 ? read(file).picture : std::nullopt;
+  // A file's decoder may only read it; so may that of these bytes.
+  const bool sealed =
+      ::fcntl(descriptor, F_ADD_SEALS, F_SEAL_WRITE | F_SEAL_GROW | F_SEAL_SHRINK) == 0;
+  return error == 0 && sealed ? read(file).picture : std::nullopt;
 }
 
 std::optional<Picture> IsolatedPictures::decodeFile(const std::string& path) {

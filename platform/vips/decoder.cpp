@@ -1,6 +1,5 @@
 #include "platform/vips/decoder.h"
 
-#include <algorithm>
 #include <array>
 #include <memory>
 #include <utility>
@@ -48,10 +47,6 @@ constexpr std::int64_t maximumPixelsPerByte = 128;
 bool isPlausible(PixelSize size, std::size_t fileBytes) {
   return Bitmap::byteCount(size) &&
          size.width * size.height / maximumPixelsPerByte <= static_cast<std::int64_t>(fileBytes);
-}
-
-Head headOf(const ByteBuffer& bytes) {
-  return bytes.bytes().first(std::min(headSize, bytes.bytes().size()));
 }
 
 Decoded decodeAs(const Format& format, const ByteBuffer& bytes) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -32,6 +33,10 @@ struct Format {
 
 // How many bytes from a picture's start are enough to recognise it.
 inline constexpr std::size_t headSize = 4096;
+
+inline Head headOf(const ByteBuffer& bytes) {
+  return bytes.bytes().first(std::min(headSize, bytes.bytes().size()));
+}
 
 // In order of preference.
 std::span<const Format> formats();

@@ -58,6 +58,12 @@ void obey(const std::string& word, const std::string& operand) {
     sendSize(1, 1);
     send(std::string(1 << 20, '\x7f').data(), 1 << 20);
   }
+  // A picture that can be written to is refused.
+  if (word == "write-picture" && ::pwrite(STDIN_FILENO, "x", 1, 0) < 0 &&
+      ::ftruncate(STDIN_FILENO, 1 << 20) < 0) {
+    sendSize(1, 1);
+    send("\1\2\3\4", 4);
+  }
   if (word == "inherit") refuse(inheritance());
   confineDecoding();
   if (word == "read") refuse(opened(operand, O_RDONLY));

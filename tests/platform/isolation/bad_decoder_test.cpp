@@ -104,6 +104,14 @@ TEST_F(BadDecoder, CannotWrite) {
   EXPECT_FALSE(fs::exists(root / "new"));
 }
 
+TEST_F(BadDecoder, CannotWriteToThePicture) {
+  EXPECT_TRUE(told("write-picture").picture);
+  const std::string order = "GIF89awrite-picture";
+  const ByteBuffer dragged({reinterpret_cast<const std::uint8_t*>(order.data()), order.size()},
+                           nullptr);
+  EXPECT_TRUE(IsolatedPictures(BAD_DECODER, 60s).decode(dragged));
+}
+
 TEST_F(BadDecoder, ReadsFontsAndNothingElseOfTheUser) {
   if (!kernelConfines()) GTEST_SKIP() << "the kernel cannot confine";
   fs::create_directories(root / ".local/share/fonts");

@@ -23,7 +23,7 @@ namespace tessarine {
 
 namespace {
 
-// More than the largest picture takes in any format.
+// Four times the largest bitmap.
 constexpr rlim_t maximumMemory = rlim_t{4} << 30;
 // For a process that nobody stops any more.
 constexpr rlim_t maximumProcessorSeconds = 60;

@@ -14,7 +14,6 @@ namespace tessarine {
 
 namespace {
 
-constexpr std::chrono::seconds patience{10};
 constexpr auto noPicture = "not a picture of a kind that can be read";
 
 // libvips gathers its messages for ever when nobody throws them away.
@@ -50,7 +49,6 @@ bool isPlausible(PixelSize size, std::size_t fileBytes) {
 }
 
 Decoded decodeAs(const Format& format, const ByteBuffer& bytes) {
-  const Deadline deadline = std::chrono::steady_clock::now() + patience;
   if (format.declaredSize != nullptr) {
     const PixelSize size = format.declaredSize(headOf(bytes));
     if (!isPlausible(size, bytes.bytes().size())) return refused(tooManyPixels(size));
@@ -63,7 +61,7 @@ Decoded decodeAs(const Format& format, const ByteBuffer& bytes) {
 
   const int orientation = vips_image_get_orientation(image.get());
   image = toSRGB(image.get());
-  auto bitmap = image == nullptr ? std::nullopt : rasterise(image.get(), orientation, deadline);
+  auto bitmap = image == nullptr ? std::nullopt : rasterise(image.get(), orientation);
   if (!bitmap) {
     return refused("damaged " + std::string(format.name) +
                    " picture, or too large for this machine");

@@ -11,7 +11,7 @@
 namespace tessarine {
 
 // A picture, or the reason why there is none: one line without a full stop, such as "Is a
-// directory" or "not a picture that can be read".
+// directory" or "damaged PNG picture".
 struct Decoded {
   std::optional<Picture> picture;
   std::string refusal;

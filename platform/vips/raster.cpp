@@ -49,7 +49,7 @@ void placeRow(const std::uint8_t* from, int width, int bands, std::uint8_t* to,
 
 }  // namespace
 
-std::optional<Bitmap> rasterise(VipsImage* image, int orientation, Deadline deadline) {
+std::optional<Bitmap> rasterise(VipsImage* image, int orientation) {
   const int width = vips_image_get_width(image);
   const int height = vips_image_get_height(image);
   const int bands = vips_image_get_bands(image);
@@ -61,7 +61,6 @@ std::optional<Bitmap> rasterise(VipsImage* image, int orientation, Deadline dead
 
   for (int top = 0; top < height; top += stripRows) {
     const VipsRect strip{0, top, width, std::min(stripRows, height - top)};
-    if (std::chrono::steady_clock::now() > deadline) return std::nullopt;
     if (vips_region_prepare(region.get(), &strip) != 0) return std::nullopt;
     for (int y = top; y < top + strip.height; ++y) {
       const auto first = placement.origin + y * placement.stepY;

@@ -4,6 +4,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -43,9 +44,11 @@ enum Verdict { refused = 10, read, tookTooMuchMemory };
   }
   std::ofstream("/proc/self/clear_refs") << 5;  // the peak starts anew
   const long before = kilobytes("VmHWM:");
+  const auto begin = std::chrono::steady_clock::now();
   const Decoded decoded = decode(bomb.bytes);
+  const std::chrono::duration<double, std::milli> time = std::chrono::steady_clock::now() - begin;
   const long grown = (kilobytes("VmHWM:") - before) / 1024;
-  std::printf("%-32s %4ld MB  %s\n", bomb.name.c_str(), grown,
+  std::printf("%-32s %4ld MB %6.0f ms  %s\n", bomb.name.c_str(), grown, time.count(),
               decoded.picture ? "read" : decoded.refusal.c_str());
   std::fflush(stdout);
   if (grown > allowedMegabytes) ::_exit(tookTooMuchMemory);

@@ -58,6 +58,11 @@ SixPixels asComputed(const std::string& name) {
   return {};
 }
 
+SixPixels withAlphaOf(SixPixels pixels, const SixPixels& others) {
+  for (std::size_t i = 0; i < pixels.size(); ++i) pixels[i].alpha = others[i].alpha;
+  return pixels;
+}
+
 SixPixels expected(Blocks blocks) {
   constexpr Pixel clear = level(250, 0);
   switch (blocks) {
@@ -75,6 +80,8 @@ SixPixels expected(Blocks blocks) {
       return {level(0), level(0), level(0), level(255), level(0), level(255)};
     case Blocks::p3:
       return asComputed("p3");
+    case Blocks::p3Clear:
+      return withAlphaOf(asComputed("p3"), expected(Blocks::clear));
     case Blocks::adobe:
       return asComputed("adobe");
     case Blocks::greyProfile:

@@ -79,8 +79,8 @@ TEST_F(BadFolder, ThatAnOrdinaryUserMayNotWriteFailsEveryWrite) {
 
 TEST_F(BadFolder, OnAReadOnlyMountFailsEveryWrite) {
   fs::create_directory(source.icons());
-  const Mount bound(source.icons().c_str(), source.icons(), nullptr, MS_BIND, nullptr);
-  const Mount readOnly(nullptr, source.icons(), nullptr, MS_BIND | MS_REMOUNT | MS_RDONLY, nullptr);
+  const Mount bound(source.icons().c_str(), source.icons(), "none", MS_BIND, nullptr);
+  const Mount readOnly("none", source.icons(), "none", MS_BIND | MS_REMOUNT | MS_RDONLY, nullptr);
   if (!bound || !readOnly) GTEST_SKIP() << "this user may not mount";
   expectElevenLines(cut(source.icons()), "Read-only file system");
   EXPECT_TRUE(fs::is_empty(source.icons()));

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <string_view>
 #include <utility>
 
 namespace tessarine {
@@ -47,6 +48,11 @@ void placeRow(const std::uint8_t* from, int width, int bands, std::uint8_t* to,
   }
 }
 
+// libvips leaves a tile of a drawing blank when it has no memory for it. Only its messages tell so.
+bool lacksTiles() {
+  return std::string_view(vips_error_buffer()).find("vips_tracked") != std::string_view::npos;
+}
+
 }  // namespace
 
 std::optional<Bitmap> rasterise(VipsImage* image, int orientation) {
@@ -69,6 +75,7 @@ std::optional<Bitmap> rasterise(VipsImage* image, int orientation) {
                placement.stepX);
     }
   }
+  if (lacksTiles()) return std::nullopt;
   return Bitmap(placement.size, ByteBuffer(*std::move(block)));
 }
 

@@ -1,51 +1,54 @@
-// Refuses the program's large requests for memory one after the other, and then all memory above a
-// rising limit. A run may write its files, leave out those whose bitmap cannot be had, refuse the
-// picture, or stop silently; what it has written must be whole. Prints the figures.
+// Refuses the large requests for memory of the program and of its decoder one after the other, and
+// then all memory above a rising limit. A run may write its files, leave out those whose bitmap
+// cannot be had, refuse the picture, or stop silently; what it has written must be whole. Prints
+// the figures.
 #include <signal.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
-#include <fstream>
+#include <cstring>
+#include <map>
 #include <string>
-#include <vector>
 
+#include "platform/isolation/decoding_process.h"
+#include "platform/isolation/isolated_pictures.h"
 #include "tests/faults/expected_icons.h"
 #include "tests/headless/program.h"
 #include "tests/headless/source_picture.h"
 
 namespace {
 
+namespace fs = std::filesystem;
+using namespace tessarine;
 using namespace tessarine::testing;
 
 class MemoryLoop {
  public:
   MemoryLoop() { expected_ = run({}, {}); }
 
-  void refuseRequests(const char* onward) {
-    int runs = 0;
-    for (int at = 1;; ++at) {
-      const auto report = source_.root() / "report";
-      const Files files = run("request " + std::to_string(at) + (onward ? " and on" : ""), [&] {
-        ::setenv("LD_PRELOAD", MEMORY_SHIM, 1);
-        ::setenv("MEMORY_AT", std::to_string(at).c_str(), 1);
-        ::setenv("MEMORY_REPORT", report.c_str(), 1);
-        if (onward != nullptr) ::setenv("MEMORY_ONWARD", onward, 1);
+  void refuseToTheProgram(bool onward) {
+    refuseRequests("refused to the program", onward, [&](const auto& label) {
+      run(label, [&] {
+        for (const auto& [name, value] : refusal_) ::setenv(name.c_str(), value.c_str(), 1);
       });
-      int met = 0;
-      // Nothing is reported by a run that was stopped, which had met the request.
-      const bool told = static_cast<bool>(std::ifstream(report) >> met);
-      if (told && met < at) break;
-      ++runs;
-    }
-    std::printf("%-34s %4d\n",
-                onward ? "large requests refused from one on" : "large requests refused", runs);
+    });
+  }
+
+  // A drawing takes the most.
+  void refuseToTheDecoder(bool onward) {
+    const std::string picture = TESSARINE_SOURCE_DIR "/tests/platform/vips/samples/drawing.svg";
+    const Decoded whole = IsolatedPictures(TESSARINE_HEADLESS).read(picture);
+    refuseRequests("refused to its decoder", onward,
+                   [&](const auto& label) { decode(label, picture, whole); });
   }
 
   void climbTheLadder() {
     constexpr rlim_t step = rlim_t{1} << 20;
     int runs = 0;
     wholeInARow_ = 0;
+    decoderIsLimited_ = true;
     // To where enough runs in a row have had all that they need.
     for (rlim_t limit = 32 * step; wholeInARow_ < 16; limit += step) {
       const auto prepare = [&] {
@@ -62,14 +65,55 @@ class MemoryLoop {
       ++runs;
     }
     std::printf("%-34s %4d\n", "limits of address space", runs);
+    std::printf("%-34s %4d\n", "of which the decoder stopped", decodersCrashed_);
   }
 
   int failures() const { return failures_; }
 
  private:
+  // Calls `attempt` with every request refused in its turn, until there are no more.
+  template <class Attempt>
+  void refuseRequests(const std::string& label, bool onward, Attempt attempt) {
+    const fs::path report = source_.root() / "report";
+    int at = 0, met = 0;
+    while (met >= at) {
+      ++at;
+      met = 0;
+      refusal_ = {{"LD_PRELOAD", MEMORY_SHIM},
+                  {"MEMORY_AT", std::to_string(at)},
+                  {"MEMORY_REPORT", report}};
+      if (onward) refusal_["MEMORY_ONWARD"] = "1";
+      writeFile(report, {reinterpret_cast<const char*>(&met), sizeof met});
+      attempt(label + ", request " + std::to_string(at) + (onward ? " and on" : ""));
+      std::memcpy(&met, contentsOf(report).data(), sizeof met);
+    }
+    std::printf("%-34s %4d\n", (label + (onward ? ", and on" : "")).c_str(), at - 1);
+  }
+
+  // By a decoder whose environment, which the program does not pass on, refuses the request.
+  void decode(const std::string& label, const std::string& picture, const Decoded& whole) {
+    const fs::path decoder = source_.root() / "decoder", status = source_.root() / "status";
+    std::string script = "#!/bin/sh\n";
+    for (const auto& [name, value] : refusal_) script += name + "=\"" + value + "\" ";
+    script += TESSARINE_HEADLESS " \"$@\"\necho $? >" + status.string() + "\n";
+    writeFile(decoder, script);
+    fs::permissions(decoder, fs::perms::owner_all);
+    writeFile(status, "");
+    const Decoded decoded = IsolatedPictures(decoder).read(picture);
+    const bool crashed = decoded.refusal == decoderCrashed;
+    const bool stopped = crashed && contentsOf(status) == std::to_string(128 + SIGABRT) + "\n";
+    const bool read = decoded.picture && std::ranges::equal(decoded.picture->bitmap->pixels(),
+                                                            whole.picture->bitmap->pixels());
+    const bool refused = !decoded.picture && !crashed && decoded.refusal != decoderTookTooLong;
+    if (read || refused || stopped) return;
+    ++failures_;
+    std::printf("%s: %s, status %s\n", label.c_str(), decoded.refusal.c_str(),
+                contentsOf(status).c_str());
+  }
+
   Files run(const std::string& label, const std::function<void()>& prepare) {
     const auto folder = source_.icons();
-    std::filesystem::remove_all(folder);
+    fs::remove_all(folder);
     const Outcome outcome = runProgram({"macos", source_.picture(), folder}, prepare);
     const Files files = filesIn(folder);
     if (!expected_.empty()) judge(label, outcome, files);
@@ -77,7 +121,11 @@ class MemoryLoop {
   }
 
   void judge(const std::string& label, const Outcome& outcome, const Files& files) {
-    const bool refused = outcome.status == 2 && linesOf(outcome.error).size() == 1;
+    const bool decoderCrashed =
+        outcome.error.ends_with(std::string(tessarine::decoderCrashed) + "\n");
+    decodersCrashed_ += decoderCrashed;
+    const bool refused = outcome.status == 2 && linesOf(outcome.error).size() == 1 &&
+                         (!decoderCrashed || decoderIsLimited_);
     const bool silent = outcome.error.empty() && outcome.output.empty();
     const bool stopped = outcome.status == 128 + SIGABRT && silent;
     const bool finished = outcome.status == (files == expected_ ? 0 : 1) && silent;
@@ -95,7 +143,10 @@ class MemoryLoop {
   }
 
   const SourcePicture source_{200, 200};
+  std::map<std::string, std::string> refusal_;  // as variables of the environment
   Files expected_;
+  bool decoderIsLimited_ = false;
+  int decodersCrashed_ = 0;
   int failures_ = 0;
   int wholeInARow_ = 0;
 };
@@ -105,8 +156,10 @@ class MemoryLoop {
 int main() {
   std::setvbuf(stdout, nullptr, _IOLBF, 0);
   MemoryLoop loop;
-  loop.refuseRequests(nullptr);
-  loop.refuseRequests("1");
+  for (const bool onward : {false, true}) {
+    loop.refuseToTheProgram(onward);
+    loop.refuseToTheDecoder(onward);
+  }
   loop.climbTheLadder();
   std::printf("%-34s %4d\n", "failures", loop.failures());
   return loop.failures() == 0 ? 0 : 1;

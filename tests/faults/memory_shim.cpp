@@ -1,10 +1,12 @@
 // Preloaded into the program: numbers its large requests for memory and refuses some of them.
 //   MEMORY_AT      the number of the request to refuse, from 1 on
 //   MEMORY_ONWARD  every request from there on, when set
-//   MEMORY_REPORT  the file for the number of requests met
+//   MEMORY_REPORT  the file of an int, the number of requests met; it is there after any end
+#include <fcntl.h>
+#include <sys/mman.h>
+
 #include <cerrno>
 #include <cstddef>
-#include <cstdio>
 #include <cstdlib>
 
 extern "C" {
@@ -20,24 +22,21 @@ namespace {
 // What a picture's size decides, and not a library's own needs.
 constexpr std::size_t large = std::size_t{64} * 1024;
 
-const char* const at = std::getenv("MEMORY_AT");
-const bool onward = std::getenv("MEMORY_ONWARD") != nullptr;
-int met = 0;
+int* openReport() {
+  const char* path = std::getenv("MEMORY_REPORT");
+  const int file = path == nullptr ? -1 : ::open(path, O_RDWR | O_CLOEXEC);
+  void* memory = ::mmap(nullptr, sizeof(int), PROT_READ | PROT_WRITE, MAP_SHARED, file, 0);
+  return memory == MAP_FAILED ? nullptr : static_cast<int*>(memory);
+}
 
-struct Report {
-  ~Report() {
-    if (file == nullptr) return;
-    std::fprintf(file, "%d\n", met);
-    std::fclose(file);
-  }
-  FILE* file = at == nullptr ? nullptr : std::fopen(std::getenv("MEMORY_REPORT"), "w");
-} report;
+const bool onward = std::getenv("MEMORY_ONWARD") != nullptr;
+int* const met = openReport();
 
 bool refused(std::size_t size) {
-  if (size < large || report.file == nullptr) return false;
-  ++met;
-  const int number = std::atoi(at);
-  if (onward ? met < number : met != number) return false;
+  if (size < large || met == nullptr) return false;
+  ++*met;
+  const int number = std::atoi(std::getenv("MEMORY_AT"));
+  if (onward ? *met < number : *met != number) return false;
   errno = ENOMEM;
   return true;
 }

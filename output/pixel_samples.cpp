@@ -146,18 +146,6 @@ void loadHalvedRow(const std::uint8_t* upper, const std::uint8_t* lower, std::si
   });
 }
 
-void halveRows(const std::int16_t* upper, const std::int16_t* lower, std::size_t pixels,
-               std::int16_t* samples) {
-  const std::size_t lanes = hn::Lanes(samplesTag);
-  const auto load = [](const std::int16_t* from)
-                        HWY_ATTR { return hn::BitCast(unsignedTag, hn::Load(samplesTag, from)); };
-  for (std::size_t i = 0; i < pixels * samplesPerPixel; i += lanes) {
-    storeSamples(halved(load(upper + 2 * i), load(upper + 2 * i + lanes), load(lower + 2 * i),
-                        load(lower + 2 * i + lanes)),
-                 samples + i);
-  }
-}
-
 // The quotients, rounded, of half a vector of samples, as levels.
 template <class V>
 HWY_INLINE auto quotients(V samples, V wholes) {
@@ -220,7 +208,6 @@ namespace tessarine {
 HWY_EXPORT(loadRow);
 HWY_EXPORT(loadRowPair);
 HWY_EXPORT(loadHalvedRow);
-HWY_EXPORT(halveRows);
 HWY_EXPORT(storeRow);
 
 void loadRow(const std::uint8_t* levels, std::size_t pixels, std::int16_t* samples) {
@@ -235,11 +222,6 @@ void loadRowPair(const std::uint8_t* upper, const std::uint8_t* lower, std::size
 void loadHalvedRow(const std::uint8_t* upper, const std::uint8_t* lower, std::size_t pixels,
                    std::int16_t* samples) {
   HWY_DYNAMIC_DISPATCH(loadHalvedRow)(upper, lower, pixels, samples);
-}
-
-void halveRows(const std::int16_t* upper, const std::int16_t* lower, std::size_t pixels,
-               std::int16_t* samples) {
-  HWY_DYNAMIC_DISPATCH(halveRows)(upper, lower, pixels, samples);
 }
 
 void storeRow(const std::int16_t* samples, std::size_t pixels, std::uint8_t* levels) {

@@ -29,8 +29,6 @@ void loadRowPair(const std::uint8_t* upper, const std::uint8_t* lower, std::size
 // The means of squares of four pixels; `pixels` counts the squares.
 void loadHalvedRow(const std::uint8_t* upper, const std::uint8_t* lower, std::size_t pixels,
                    std::int16_t* samples);
-void halveRows(const std::int16_t* upper, const std::int16_t* lower, std::size_t pixels,
-               std::int16_t* samples);
 
 // Divides alpha out. What overshoots is cut off: alpha at opacity, a colour at alpha. Alpha 0 has
 // no colour.

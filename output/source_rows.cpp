@@ -9,8 +9,9 @@ namespace tessarine {
 
 namespace {
 
-constexpr int maximumHalvings = 3;
-// Pixels that must be left for each output pixel on an axis: photographs come out 60 dB true.
+// Pixels that must be left for each output pixel on an axis: photographs come out 60 dB true. A
+// second halving would take the mean of four rows for the outermost one, which stands for all
+// beyond it.
 constexpr std::int64_t leastRatio = 16;
 // Pixels of a source that is worth it. Smaller ones keep their exactness: white noise, say, loses
 // some where the pixels on the edge stand for all beyond it.
@@ -19,41 +20,28 @@ constexpr std::int64_t largeSource = std::int64_t{1} << 22;
 }  // namespace
 
 int SourceRows::halvings(PixelSize source, PixelSize size) noexcept {
-  if (source.width * source.height <= largeSource) return 0;
-  int halvings = 0;
-  const auto fits = [&](std::int64_t from, std::int64_t to) {
-    const std::int64_t side = std::int64_t{2} << halvings;
-    return from % side == 0 && from / side >= leastRatio * to;
+  const auto fits = [](std::int64_t from, std::int64_t to) {
+    return from % 2 == 0 && from / 2 >= leastRatio * to;
   };
-  while (halvings < maximumHalvings && fits(source.width, size.width) &&
-         fits(source.height, size.height)) {
-    ++halvings;
-  }
-  return halvings;
+  const bool isLarge = source.width * source.height > largeSource;
+  return isLarge && fits(source.width, size.width) && fits(source.height, size.height) ? 1 : 0;
 }
 
 SourceRows::SourceRows(const Bitmap& bitmap, int halvings, std::size_t pixelsAtOnce)
     : bitmap_(bitmap), halvings_(halvings), lastRow_((bitmap.size().height >> halvings) - 1) {
-  for (int level = 1; level <= halvings; ++level) {
-    const std::size_t pixels = wholeGroups(pixelsAtOnce << (halvings - level));
-    auto& rows = rows_[static_cast<std::size_t>(level - 1)];
-    rows.fill(Scratch<std::int16_t>(pixels * samplesPerPixel));
-  }
+  if (halvings == 0) return;
+  const std::size_t samples = wholeGroups(pixelsAtOnce) * samplesPerPixel;
+  upper_ = Scratch<std::int16_t>(samples);
+  lower_ = Scratch<std::int16_t>(samples);
 }
 
 const std::uint8_t* SourceRows::levels(std::int64_t y, std::size_t x) const noexcept {
   return bitmap_.row(y).data() + x * samplesPerPixel;
 }
 
-void SourceRows::load(int halvings, std::int64_t y, std::size_t x, std::size_t pixels,
-                      std::int16_t* samples) {
-  if (halvings == 1) {
-    return loadHalvedRow(levels(2 * y, 2 * x), levels(2 * y + 1, 2 * x), pixels, samples);
-  }
-  auto& [upper, lower] = rows_[static_cast<std::size_t>(halvings - 2)];
-  load(halvings - 1, 2 * y, 2 * x, 2 * pixels, upper.data());
-  load(halvings - 1, 2 * y + 1, 2 * x, 2 * pixels, lower.data());
-  halveRows(upper.data(), lower.data(), pixels, samples);
+void SourceRows::loadHalved(std::int64_t y, std::size_t x, std::size_t pixels,
+                            std::int16_t* samples) const {
+  loadHalvedRow(levels(2 * y, 2 * x), levels(2 * y + 1, 2 * x), pixels, samples);
 }
 
 void SourceRows::loadPair(std::int64_t pair, std::size_t x, std::size_t pixels,
@@ -63,10 +51,9 @@ void SourceRows::loadPair(std::int64_t pair, std::size_t x, std::size_t pixels,
   if (halvings_ == 0) {
     return loadRowPair(levels(upperRow, x), levels(lowerRow, x), pixels, rowPair);
   }
-  auto& [upper, lower] = rows_[static_cast<std::size_t>(halvings_ - 1)];
-  load(halvings_, upperRow, x, pixels, upper.data());
-  load(halvings_, lowerRow, x, pixels, lower.data());
-  pairRows(upper.data(), lower.data(), pixels, rowPair);
+  loadHalved(upperRow, x, pixels, upper_.data());
+  loadHalved(lowerRow, x, pixels, lower_.data());
+  pairRows(upper_.data(), lower_.data(), pixels, rowPair);
 }
 
 }  // namespace tessarine

@@ -43,7 +43,7 @@ constexpr Scaling scalings[] = {
     {"Row", {600, 1}, {170, 40}},
     {"Column", {1, 600}, {40, 170}},
     {"LargeByTwo", {2304, 2048}, {72, 64}, true},
-    {"LargeByFour", {2304, 2048}, {30, 29}, true},
+    {"LargeToSmall", {2304, 2048}, {30, 29}, true},
 };
 
 struct Kind {
@@ -85,6 +85,20 @@ TEST_P(ResamplerOn, IsNearTheDefinition) {
     const auto reference = testing::referencePixels(*source.bitmap, scaling.to);
     EXPECT_GE(testing::decibels(*result->bitmap, reference), 60) << kind.name;
   }
+}
+
+// The outermost pixels stand for all beyond them: no mean of many may take their place.
+TEST(Resampler, KeepsTheEdgesOfLargePictures) {
+  const PixelSize size{2304, 2048};
+  const Picture source = testing::drawnPicture(size, [&](std::int64_t x, std::int64_t y) {
+    const auto inside = std::min({x, y, size.width - 1 - x, size.height - 1 - y});
+    const auto level = static_cast<std::uint8_t>(inside < 6 ? 128 + 4 * inside : 152);
+    return testing::Colour{level, level, level, 255};
+  });
+  const auto result = resizedImage(source, 16, 16);
+  ASSERT_TRUE(result && result->bitmap);
+  EXPECT_GE(testing::decibels(*result->bitmap, testing::referencePixels(*source.bitmap, {16, 16})),
+            60);
 }
 
 // A picture does not depend on the machine that made it.

@@ -14,8 +14,6 @@ namespace tessarine {
 
 namespace {
 
-constexpr const char* openFiles = "/proc/self/fd";
-
 int setMode(int file, mode_t mode) {
   struct stat status;
   if (::fstat(file, &status) != 0) return errno;
@@ -44,8 +42,7 @@ int TemporaryFile::open() {
     file_ = Descriptor(retried([&] { return ::openat(folder_.number(), path, flags, 0666); }));
     return file_ ? 0 : errno;
   };
-  // Without /proc, a file that has no name could not be given one.
-  if (::access(openFiles, X_OK) == 0 && opened(".", O_TMPFILE) == 0) return 0;
+  if (naming_ == Naming::late && opened(".", O_TMPFILE) == 0) return 0;
   const int error = opened(name_.c_str(), O_CREAT | O_EXCL | O_NOFOLLOW);
   named_ = error == 0;
   return error;
@@ -59,7 +56,7 @@ int TemporaryFile::fill(std::span<const std::uint8_t> bytes, std::optional<mode_
 }
 
 int TemporaryFile::giveName() {
-  const std::string self = std::string(openFiles) + "/" + std::to_string(file_.number());
+  const std::string self = "/proc/self/fd/" + std::to_string(file_.number());
   const auto link = [&] {
     return ::linkat(AT_FDCWD, self.c_str(), folder_.number(), name_.c_str(), AT_SYMLINK_FOLLOW);
   };
@@ -68,7 +65,7 @@ int TemporaryFile::giveName() {
   return 0;
 }
 
-int TemporaryFile::close() {
+int TemporaryFile::publish() {
   const int error = named_ ? 0 : giveName();
   return error == 0 ? file_.close() : error;
 }

@@ -28,12 +28,21 @@ std::vector<std::string> namesIn(const fs::path& folder) {
   return names;
 }
 
-// The parameter is the error by which the file system refuses files without a name; 0 for one that
-// has them.
-class AtomicWriteTest : public ::testing::TestWithParam<int> {
+// The errors by which a file system refuses files without a name, and to give them one; 0 where it
+// does not.
+struct FileSystem {
+  std::string label;
+  int unnamedFileError;
+  int linkError;
+
+  friend void PrintTo(const FileSystem& system, std::ostream* stream) { *stream << system.label; }
+};
+
+class AtomicWriteTest : public ::testing::TestWithParam<FileSystem> {
  protected:
   AtomicWriteTest() {
-    systemCalls.unnamedFileError = GetParam();
+    systemCalls.unnamedFileError = GetParam().unnamedFileError;
+    systemCalls.linkError = GetParam().linkError;
     files.grant(folder.path());
   }
   ~AtomicWriteTest() override { systemCalls = {}; }
@@ -154,6 +163,12 @@ TEST_P(AtomicWriteTest, WritesIntoASubfolder) {
   EXPECT_THAT(namesIn(folder.path() / "sub"), UnorderedElementsAre("Contents.json"));
 }
 
-INSTANTIATE_TEST_SUITE_P(FileSystems, AtomicWriteTest, ::testing::Values(0, EOPNOTSUPP));
+INSTANTIATE_TEST_SUITE_P(FileSystems, AtomicWriteTest,
+                         ::testing::Values(FileSystem{"withUnnamedFiles", 0, 0},
+                                           FileSystem{"withoutUnnamedFiles", EOPNOTSUPP, 0},
+                                           FileSystem{"withoutLinks", 0, EPERM},
+                                           FileSystem{"withLinksUnsupported", 0, EOPNOTSUPP},
+                                           FileSystem{"withUnnamedFilesForGood", 0, ENOENT}),
+                         [](const auto& row) { return row.param.label; });
 
 }  // namespace tessarine::testing

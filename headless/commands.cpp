@@ -21,10 +21,6 @@ namespace tessarine {
 
 namespace {
 
-std::size_t fileCount(const IconSet& set) {
-  return set.names.size() + (set.contentsJSON ? 1 : 0);
-}
-
 // The adapters of a run without a screen.
 class Host {
  public:

@@ -34,6 +34,11 @@ constexpr std::optional<PixelSize> sizeOf(const IconSet& set, std::string_view n
   return row->pixels;
 }
 
+// How many files a run writes, those counted twice whose name stands twice.
+constexpr std::size_t fileCount(const IconSet& set) {
+  return set.names.size() + (set.contentsJSON ? 1 : 0);
+}
+
 // A list of names that stands in the order of its size table.
 template <std::size_t count>
 constexpr std::array<std::string_view, count> namesOf(const std::array<IconSize, count>& sizes) {

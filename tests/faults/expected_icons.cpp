@@ -43,11 +43,12 @@ std::string namedBy(const std::string& line, const fs::path& folder, const std::
   return line.substr(head.size(), line.size() - head.size() - tail.size());
 }
 
-// What the program must say of a call that failed. Without its folder a run finds it missing.
+// What the program must say of a call that failed. Where its folder could not be made, a run finds
+// it missing.
 bool namesAFile(const std::string& line, const Fault& fault, const fs::path& folder,
                 std::string& name) {
   name = namedBy(line, folder, std::strerror(std::atoi(fault.kind.code.c_str())));
-  if (name.empty()) name = namedBy(line, folder, std::strerror(ENOENT));
+  if (name.empty() && !fs::exists(folder)) name = namedBy(line, folder, std::strerror(ENOENT));
   return !name.empty();
 }
 

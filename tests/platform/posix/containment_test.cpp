@@ -72,6 +72,21 @@ TEST_P(Written, StaysInside) {
   EXPECT_EQ(contentsOf(place.granted().string() + "/" + named), text);
 }
 
+// Its other name, too, shows what is written in place.
+TEST(HardLink, IsAFileOfTheFolder) {
+  for (const Resolution resolution : {Resolution::kernel, Resolution::walked}) {
+    const Neighbourhood place;
+    const auto secret = place.root() / "outside/secret";
+    const auto shared = place.granted() / "x.png";
+    std::filesystem::create_hard_link(secret, shared);
+    EXPECT_EQ(write(Operation::inPlace, resolution, place.granted(), shared, text), "");
+    EXPECT_EQ(contentsOf(secret), text);
+    EXPECT_EQ(write(Operation::atomic, resolution, place.granted(), shared, "other bytes"), "");
+    EXPECT_EQ(contentsOf(secret), text);
+    EXPECT_EQ(contentsOf(shared), "other bytes");
+  }
+}
+
 auto everyWay(const std::vector<Arrangement>& rows) {
   return Combine(ValuesIn(rows), Values(Resolution::kernel, Resolution::walked),
                  Values(Operation::inPlace, Operation::atomic),

@@ -22,6 +22,13 @@ auto link(const std::string& name, const std::string& target) {
   return [=](const fs::path& granted) { fs::create_symlink(target, granted / name); };
 }
 
+// By the whole path of what lies beside the granted folder.
+auto absoluteLink(const std::string& name, const std::string& place) {
+  return [=](const fs::path& granted) {
+    fs::create_symlink(granted.parent_path() / place, granted / name);
+  };
+}
+
 // A chain of links l1 -> l2 -> ... whose last leads to `target`.
 auto chain(int links, const std::string& target) {
   return [=](const fs::path& granted) {
@@ -87,11 +94,11 @@ std::vector<Arrangement> namesThatLeadOut() {
 
 std::vector<Arrangement> linksThatLeadOut() {
   return {
-      {"absoluteFile", "x.png", outside, {}, link("x.png", "/etc/passwd")},
+      {"absoluteFile", "x.png", outside, {}, absoluteLink("x.png", "outside/secret")},
       {"relativeFile", "x.png", outside, {}, link("x.png", "../outside/secret")},
-      {"danglingAbsolute", "x.png", outside, {}, link("x.png", "/tmp/tessarine-none")},
+      {"danglingAbsolute", "x.png", outside, {}, absoluteLink("x.png", "outside/new")},
       {"danglingRelative", "x.png", outside, {}, link("x.png", "../outside/new")},
-      {"absoluteFolder", "out/x.png", outside, {}, link("out", "/tmp")},
+      {"absoluteFolder", "out/x.png", outside, {}, absoluteLink("out", "outside")},
       {"relativeFolder", "out/secret", outside, {}, link("out", "../outside")},
       {"siblingFolder", "out/x.png", outside, {}, link("out", "../granted-sibling")},
       {"rootFolder", "out/tmp/x.png", outside, {}, link("out", "/")},
@@ -104,11 +111,7 @@ std::vector<Arrangement> linksThatLeadOut() {
       {"procDescriptor", "x.png", outside, {}, link("x.png", "/proc/self/fd/1")},
       {"standardOutput", "x.png", outside, {}, link("x.png", "/dev/stdout")},
       {"device", "x.png", outside, {}, link("x.png", "/dev/full")},
-      {"absoluteToTheFolderItself",
-       "x.png",
-       outside,
-       {},
-       [](const fs::path& granted) { fs::create_symlink(granted / "old.png", granted / "x.png"); }},
+      {"absoluteToTheFolderItself", "x.png", outside, {}, absoluteLink("x.png", "granted/old.png")},
       {"replacedSubfolder",
        "sub/x.png",
        outside,

@@ -43,6 +43,9 @@ std::string inChild(const std::function<std::string()>& work) {
   int status = 0;
   if (::waitpid(child, &status, 0) != child) throw std::runtime_error("the child is lost");
   if (WIFSIGNALED(status)) return "(ended by signal " + std::to_string(WTERMSIG(status)) + ")";
+  if (WEXITSTATUS(status) != 0) {
+    return "(ended with status " + std::to_string(WEXITSTATUS(status)) + ")";
+  }
   return text;
 }
 

@@ -51,7 +51,7 @@ TEST(ConfinedRun, ReadsAPictureThatItsOwnFilesReplace) {
   EXPECT_EQ(sizeOfPNG(picture), "512x512");
 }
 
-TEST(ConfinedRun, RemovesTheFoldersItMadeForAPictureThatIsRefused) {
+TEST(ConfinedRun, MakesNoFolderForAPictureThatIsRefused) {
   const SourcePicture source;
   fs::create_directory(source.root() / "kept");
   writeFile(source.picture(), "no picture");

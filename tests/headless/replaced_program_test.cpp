@@ -6,11 +6,13 @@
 
 #include "tests/headless/program.h"
 #include "tests/headless/source_picture.h"
+#include "tests/support/under_valgrind.h"
 
 namespace tessarine::testing {
 
 // As by an upgrade while it runs.
 TEST(ReplacedProgram, StillReadsPictures) {
+  if (underValgrind()) GTEST_SKIP() << "valgrind cannot start a program by its descriptor";
   const SourcePicture source;
   const std::string picture = source.picture(), icons = source.icons();
   const std::filesystem::path copy = source.root() / "tessarine-headless";

@@ -13,6 +13,7 @@
 #include "tests/platform/isolation/watched_decoder.h"
 #include "tests/support/in_child.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/under_valgrind.h"
 
 namespace tessarine::testing {
 
@@ -163,11 +164,8 @@ TEST_F(BadDecoder, ThatIsMissingCostsThePicture) {
   writeFile(root / "picture.gif", "GIF89a");
   const Decoded decoded = IsolatedPictures(root / "missing").read(root / "picture.gif");
   EXPECT_FALSE(decoded.picture);
-  // Valgrind, which preloads itself, finds a program missing only after the start.
-  const char* preloaded = ::getenv("LD_PRELOAD");
-  const bool underValgrind = preloaded != nullptr && std::string_view(preloaded).find(
-                                                         "vgpreload") != std::string_view::npos;
-  EXPECT_EQ(decoded.refusal, underValgrind
+  // Valgrind finds a program missing only after the start.
+  EXPECT_EQ(decoded.refusal, underValgrind()
                                  ? decoderCrashed
                                  : "its decoder cannot be started: No such file or directory");
 }

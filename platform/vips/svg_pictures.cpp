@@ -12,6 +12,7 @@
 #include "platform/vips/loader.h"
 #include "platform/vips/magic.h"
 #include "platform/vips/preparation.h"
+#include "platform/vips/svg_addresses.h"
 #include "platform/vips/svg_references.h"
 
 namespace tessarine::preparation {
@@ -28,6 +29,8 @@ constexpr std::int64_t maximumReferenced = 200'000;
 
 struct Inspection {
   SVGReferences references;
+  // The text of the style sheet whose element is open.
+  std::optional<std::string> styleSheet;
   std::int64_t pixels = 0;
   int depth = 0;
   bool isBearable = true;
@@ -108,6 +111,29 @@ std::string_view text(const xmlChar* begin) {
   return reinterpret_cast<const char*>(begin);
 }
 
+// What applies to an element as a whole, and not to each of those inside.
+bool isOfGroups(std::string_view attribute) {
+  return attribute == "clip-path" || attribute == "mask" || attribute == "filter";
+}
+
+void inspectStyle(std::string_view attribute, const std::string& value, Inspection& inspection) {
+  for (const auto& address : addressesIn(value)) {
+    if (refersIntoData(address)) inspection.isBearable = false;
+    if (!address.starts_with('#')) continue;
+    const std::string id = address.substr(1);
+    if (isOfGroups(attribute)) {
+      inspection.references.refersTo(id);
+    } else {
+      inspection.references.isPaintedWith(id);
+    }
+  }
+}
+
+void inspectStyleSheet(const std::string& css, Inspection& inspection) {
+  inspection.isBearable = inspection.isBearable && !importsData(css) &&
+                          std::ranges::none_of(addressesIn(css), refersIntoData);
+}
+
 void startElement(void* context, const xmlChar* name, const xmlChar*, const xmlChar*, int,
                   const xmlChar**, int count, int, const xmlChar** attributes) {
   Inspection& inspection = inspectionOf(context);
@@ -119,25 +145,48 @@ void startElement(void* context, const xmlChar* name, const xmlChar*, const xmlC
   };
   std::string id;
   for (int i = 0; i < count; ++i) {
-    if (attribute(i) == "id") id = value(i);
+    // Others have ids of their own, which nothing in the drawing refers to.
+    const bool isPlain = attributes[5 * i + 1] == nullptr;
+    if (isPlain && attribute(i) == "id") id = value(i);
   }
   inspection.references.open(text(name), id);
+  // A style sheet is its text alone.
+  if (inspection.styleSheet) inspection.isBearable = false;
+  if (text(name) == "style") inspection.styleSheet.emplace();
   // Texts and drawings from elsewhere.
   if (text(name) == "include") inspection.isBearable = false;
   const bool showsPicture = text(name) == "image" || text(name) == "feImage";
   for (int i = 0; i < count && inspection.isBearable; ++i) {
     const std::string address = value(i);
-    inspection.references.refersIn(address);
+    inspectStyle(attribute(i), address, inspection);
+    if (refersIntoData(address)) inspection.isBearable = false;
     // An older name for the address of a picture is "path".
     if (showsPicture && attribute(i) == "path") inspectAddress(address, inspection);
     if (attribute(i) != "href") continue;
-    if (address.starts_with('#')) inspection.references.refersTo(address.substr(1));
+    // A link is followed by readers, not when it is drawn.
+    const bool isDrawn = text(name) != "a" && address.starts_with('#');
+    if (isDrawn) inspection.references.refersTo(address.substr(1));
     if (showsPicture) inspectAddress(address, inspection);
   }
 }
 
+void characters(void* context, const xmlChar* begin, int size) {
+  auto& sheet = inspectionOf(context).styleSheet;
+  if (sheet) sheet->append(reinterpret_cast<const char*>(begin), static_cast<std::size_t>(size));
+}
+
 void endElement(void* context, const xmlChar*, const xmlChar*, const xmlChar*) {
-  inspectionOf(context).references.close();
+  Inspection& inspection = inspectionOf(context);
+  if (inspection.styleSheet) {
+    inspectStyleSheet(*inspection.styleSheet, inspection);
+    inspection.styleSheet.reset();
+  }
+  inspection.references.close();
+}
+
+// A style sheet beside the drawing.
+void processingInstruction(void* context, const xmlChar* target, const xmlChar*) {
+  if (text(target) == "xml-stylesheet") inspectionOf(context).isBearable = false;
 }
 
 // Elements in an entity's text would appear where the drawing refers to it, unseen by us, and an
@@ -157,9 +206,9 @@ void inspect(Head drawing, Inspection& inspection) {
   xmlSAXVersion(&handler, 2);
   handler.startElementNs = startElement;
   handler.endElementNs = endElement;
-  handler.characters = handler.cdataBlock = handler.ignorableWhitespace = nullptr;
+  handler.characters = handler.cdataBlock = handler.ignorableWhitespace = characters;
   handler.comment = nullptr;
-  handler.processingInstruction = nullptr;
+  handler.processingInstruction = processingInstruction;
   handler.reference = nullptr;
   handler.externalSubset = nullptr;
   handler.entityDecl = declareEntity;

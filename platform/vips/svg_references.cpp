@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 
 namespace tessarine {
 
@@ -11,84 +12,96 @@ namespace {
 constexpr std::array<std::string_view, 3> costlyElements{"pattern", "mask", "filter"};
 constexpr std::int64_t costlyWeight = 100;
 
+// What is made of colours alone is not painted itself.
+constexpr std::array<std::string_view, 3> unpaintedElements{"linearGradient", "radialGradient",
+                                                            "stop"};
+
 constexpr std::int64_t beyondAllLimits = std::int64_t{1} << 40;
+// More are not even kept.
+constexpr std::int64_t mostReferences = 1'000'000;
+
+bool isOneOf(std::span<const std::string_view> names, std::string_view name) {
+  return std::ranges::find(names, name) != names.end();
+}
 
 }  // namespace
 
 // The drawing itself is the first node.
-SVGReferences::SVGReferences() : nodes_(1), open_(1, 0) {}
+SVGReferences::SVGReferences() : nodes_(1), open_{{0, 0, false}} {}
 
 void SVGReferences::open(std::string_view element, std::string_view id) {
-  std::size_t node = open_.back();
-  if (!id.empty()) {
-    node = nodes_.size();
-    nodes_[open_.back()].inside.push_back(node);
-    nodes_.emplace_back();
-    byId_.emplace(id, node);
+  std::size_t node = open_.back().node;
+  // Of several elements with one id, the first is meant.
+  const bool isNode = !id.empty() && !nodes_[nodeOf(id)].isDefined;
+  if (isNode) {
+    const std::size_t parent = node;
+    node = nodeOf(id);
+    nodes_[parent].children.push_back(node);
+    nodes_[node].isDefined = nodes_[node].isOpen = true;
   }
-  const bool isCostly = std::ranges::find(costlyElements, element) != costlyElements.end();
-  const std::int64_t weight = isCostly ? costlyWeight : 1;
+  const std::int64_t weight = isOneOf(costlyElements, element) ? costlyWeight : 1;
   nodes_[node].own += weight;
   elements_ += weight;
-  open_.push_back(node);
+  open_.push_back({node, paints_.size(), isNode});
+  if (isOneOf(unpaintedElements, element)) return;
+  for (const auto paint : paints_) {
+    // None is painted with what it is a part of.
+    if (!nodes_[paint].isOpen) refer(paint);
+  }
 }
 
 void SVGReferences::close() {
-  if (open_.size() > 1) open_.pop_back();
+  if (open_.size() == 1) return;
+  const Element& element = open_.back();
+  if (element.isNode) nodes_[element.node].isOpen = false;
+  paints_.resize(element.paints);
+  open_.pop_back();
 }
 
 void SVGReferences::refersTo(std::string_view id) {
-  nodes_[open_.back()].targets.emplace_back(id);
+  refer(nodeOf(id));
 }
 
-void SVGReferences::refersIn(std::string_view value) {
-  static constexpr std::string_view begin = "url(";
-  for (auto at = value.find(begin); at != std::string_view::npos; at = value.find(begin)) {
-    value.remove_prefix(at + begin.size());
-    const auto text = value.substr(0, value.find(')'));
-    const auto hash = text.find('#');
-    if (hash == std::string_view::npos) continue;
-    refersTo(text.substr(hash + 1, text.find_last_not_of(" '\"") - hash));
-  }
+void SVGReferences::isPaintedWith(std::string_view id) {
+  paints_.push_back(nodeOf(id));
+  refer(paints_.back());
 }
 
-std::vector<std::size_t> SVGReferences::childrenOf(std::size_t node) const {
-  std::vector<std::size_t> children = nodes_[node].inside;
-  for (const auto& target : nodes_[node].targets) {
-    if (const auto found = byId_.find(target); found != byId_.end()) {
-      children.push_back(found->second);
-    }
-  }
-  return children;
+std::size_t SVGReferences::nodeOf(std::string_view id) {
+  const auto [found, isNew] = byId_.emplace(id, nodes_.size());
+  if (isNew) nodes_.emplace_back();
+  return found->second;
+}
+
+void SVGReferences::refer(std::size_t node) {
+  if (++references_ < mostReferences) nodes_[open_.back().node].children.push_back(node);
 }
 
 std::int64_t SVGReferences::count() const {
+  if (references_ >= mostReferences) return beyondAllLimits;
   enum class State { unseen, open, done };
   struct Visit {
     std::size_t node;
-    std::vector<std::size_t> children;
     std::size_t next = 0;
   };
   std::vector<State> states(nodes_.size(), State::unseen);
   std::vector<std::int64_t> costs(nodes_.size(), 0);
   // By hand and not by recursion: a hostile chain is as long as its file.
-  std::vector<Visit> path;
-  path.push_back({0, childrenOf(0)});
+  std::vector<Visit> path{{0}};
   states[0] = State::open;
   while (!path.empty()) {
     Visit& visit = path.back();
-    if (visit.next < visit.children.size()) {
-      const auto child = visit.children[visit.next++];
-      // One that is open refers to itself, which no drawing follows.
-      if (states[child] != State::unseen) continue;
+    const Node& node = nodes_[visit.node];
+    if (visit.next < node.children.size()) {
+      const auto child = node.children[visit.next++];
+      if (states[child] == State::open) return beyondAllLimits;
+      if (states[child] == State::done) continue;
       states[child] = State::open;
-      path.push_back({child, childrenOf(child)});
+      path.push_back({child});
       continue;
     }
-    std::int64_t cost = nodes_[visit.node].own;
-    for (const auto child : visit.children) {
-      cost = std::min(cost + costs[child], beyondAllLimits);
-    }
+    std::int64_t cost = node.own;
+    for (const auto child : node.children) cost = std::min(cost + costs[child], beyondAllLimits);
     costs[visit.node] = cost;
     states[visit.node] = State::done;
     path.pop_back();

@@ -135,6 +135,28 @@ TEST(Drawing, ShowsThePictureThatItCarries) {
   EXPECT_EQ(pixelAt(required(picture->bitmap), 300, 300), (Pixel{200, 30, 40, 255}));
 }
 
+// As editors write them.
+TEST(Drawing, IsReadWithFontsThatItCarriesAndStyleSheetsOfOthers) {
+  const auto picture = decode(
+      svg(R"(width="48" height="32")",
+          R"(<style>@font-face{font-family:"A";src:url("data:font/woff;base64,d09GRg==")}</style>)"
+          R"(<style>@import url("https://example.org/a.css"); rect{fill:#f00}</style>)"
+          R"(<rect width="48" height="32"/>)"));
+  ASSERT_TRUE(picture);
+  EXPECT_EQ(pixelAt(required(picture->bitmap), 300, 300), (Pixel{255, 0, 0, 255}));
+}
+
+// A circle of addresses that none of it is drawn along.
+TEST(Drawing, IsReadWhenItLinksToItselfAndIsPaintedWithItsParts) {
+  const auto picture =
+      decode(svg(R"x(id="all" width="48" height="32" fill="url(#a)" stroke="url(#b)")x",
+                 R"(<linearGradient id="a"><stop stop-color="#f00"/></linearGradient>)"
+                 R"(<linearGradient id="b"><stop stop-color="#f00"/></linearGradient>)"
+                 R"(<a href="#all"><rect id="all" width="48" height="32"/></a>)"));
+  ASSERT_TRUE(picture);
+  EXPECT_EQ(pixelAt(required(picture->bitmap), 300, 300), (Pixel{255, 0, 0, 255}));
+}
+
 // A port of this machine to which nobody may connect.
 class Listener {
  public:

@@ -58,6 +58,17 @@ std::string picture(const std::string& address) {
   return R"(<image width="9" height="9" href=")" + address + R"("/>)";
 }
 
+// A drawing as an address, whose element "a" shows a huge picture.
+std::string hugeDrawing() {
+  return "data:image/svg+xml;base64," +
+         base64(svg(R"(<image id="a" width="9" height="9" href="data:;base64,)" +
+                    base64(png(30000, 30000, "")) + "\"/>"));
+}
+
+std::string styled(const std::string& css) {
+  return svg("<style>" + css + "</style><rect width=\"9\" height=\"9\"/>");
+}
+
 std::string billionLaughs() {
   std::string entities = "<!ENTITY a0 \"ha\">";
   for (int i = 1; i < 40; ++i) {
@@ -67,17 +78,34 @@ std::string billionLaughs() {
   return svg("<text>&a39;</text>", "<!DOCTYPE svg [" + entities + "]>");
 }
 
-// Forty elements, of which each asks for the one before it twice.
-std::string doubling(const std::string& before, const std::string& after) {
+// Forty elements, each holding `inside` twice, where "@" is the element before it and "^" the one
+// behind it. They are named a second time in a way that means nothing.
+std::string doubling(const std::string& begin, const std::string& inside, const std::string& end) {
   std::string elements = R"(<rect id="e0" width="1" height="1"/>)";
   for (int i = 1; i < 40; ++i) {
-    const std::string last = "#e" + std::to_string(i - 1);
-    const std::string begin = before + " id=\"e" + std::to_string(i) + "\">";
-    elements += begin + std::string(after).replace(after.find('@'), 1, last) +
-                std::string(after).replace(after.find('@'), 1, last) + "</" +
-                before.substr(1, before.find(' ') - 1) + ">";
+    for (const char letter : begin + " id=\"*\" xml:id=\"x\">" + inside + inside + end) {
+      switch (letter) {
+        case '@':
+          elements += "#e" + std::to_string(i - 1);
+          break;
+        case '^':
+          elements += "#e" + std::to_string(i + 1);
+          break;
+        case '*':
+          elements += "e" + std::to_string(i);
+          break;
+        default:
+          elements += letter;
+      }
+    }
   }
   return svg(elements + R"x(<rect width="9" height="9" fill="url(#e39)"/>)x");
+}
+
+// `attributes` stand in the pattern, `painted` in the rectangles that it consists of.
+std::string doublingPatterns(const std::string& attributes, const std::string& painted) {
+  return doubling(R"(<pattern width="1" height="1" )" + attributes,
+                  R"(<rect width="2" height="2" )" + painted + "/>", "</pattern>");
 }
 
 std::string pdf(const std::string& mediaBox, const std::string& objects,
@@ -118,10 +146,13 @@ std::vector<Bomb> tiffBombs() {
 std::vector<Bomb> drawingBombs() {
   return {
       {"SVGOfABillionLaughs", billionLaughs()},
-      {"SVGOfDoublingUses", doubling("<g ", R"(<use href="@"/>)")},
-      {"SVGOfDoublingPatterns",
-       doubling("<pattern width=\"1\" height=\"1\"",
-                R"x(<rect width="2" height="2" style="fill: url( '@' )"/>)x")},
+      {"SVGOfDoublingUses", doubling("<g", R"(<use href="@"/>)", "</g>")},
+      {"SVGOfDoublingPatterns", doublingPatterns("", R"x(style="fill: url( '@' )")x")},
+      {"SVGOfDoublingPatternsInCapitals", doublingPatterns("", R"x(fill="URL(@)")x")},
+      {"SVGOfDoublingPatternsBehindEscapes", doublingPatterns("", R"x(fill="u\00072 l(\@)")x")},
+      {"SVGOfDoublingPatternsOfStrokes", doublingPatterns(R"x(stroke="url(@)")x", "")},
+      {"SVGOfDoublingPatternsInACircle",
+       doublingPatterns("", R"x(fill="url(@)" stroke="url(^)")x")},
       {"SVGWithAHugePicture",
        svg(picture("data:image/png;base64," + base64(png(30000, 30000, ""))))},
       {"SVGWithAHugePictureInTwoEntities",
@@ -135,6 +166,15 @@ std::vector<Bomb> drawingBombs() {
                    base64(svg(picture("data:;base64," + base64(png(30000, 30000, "")))))))},
       {"SVGWithAHugePictureByPath", svg(R"(<image width="9" height="9" path="data:;base64,)" +
                                         base64(png(30000, 30000, "")) + "\"/>")},
+      {"SVGThatUsesAPartOfData", svg("<use href=\" DA&#9;TA" + hugeDrawing().substr(4) + "#a\"/>")},
+      {"SVGPaintedWithAPartOfData",
+       svg("<rect width=\"9\" height=\"9\" fill=\"url(" + hugeDrawing() + "#a)\"/>")},
+      {"SVGStyledWithAPartOfData",
+       styled(R"(rect{fill:\75 RL( '\64 )" + hugeDrawing().substr(1) + "\\23 a')}")},
+      {"SVGThatImportsAStyleSheet", styled("<![CDATA[@im\\port 'da\\ta:,rect{fill:red}';]]>")},
+      {"SVGWithASheetOfTwoParts", styled("@im<g>-</g>port 'data:,rect{fill:red}';")},
+      {"SVGWithAStyleSheetBeside",
+       svg("", "<?xml-stylesheet href='&#100;ata:text/css,rect{fill:red}'?>")},
       {"SVGThatIncludesAnother",
        svg(R"(<include xmlns="http://www.w3.org/2001/XInclude" href="data:image/svg+xml,x"/>)")},
       {"SVGWithAHugePictureInPercent", svg(picture("data:," + percent(png(30000, 30000, ""))))},

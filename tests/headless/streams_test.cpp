@@ -77,6 +77,7 @@ TEST(FileSizeLimit, LosesOnlyTheFilesAboveIt) {
   const auto lines = linesOf(outcome.output);
   EXPECT_THAT(lines, Each(EndsWith("File too large")));
   EXPECT_FALSE(lines.empty());
+  EXPECT_EQ(namesIn(source.icons()).size(), 11U);
   for (const std::string& name : namesIn(source.icons())) {
     const bool told = outcome.output.find("/" + name + "\"") != std::string::npos;
     if (told || name == "Contents.json") continue;

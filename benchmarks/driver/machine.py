@@ -6,9 +6,9 @@ import platform
 
 from tools import output_of
 
-PACKAGES = {
-    "Qt": "libqt6gui6", "libvips": "libvips42", "ImageMagick": "libmagickcore-6.q16-6",
-    "libdeflate": "libdeflate0", "libpng": "libpng16-16", "Highway": "libhwy1",
+MODULES = {
+    "Qt": "Qt6Gui", "libvips": "vips", "ImageMagick": "MagickWand", "libdeflate": "libdeflate",
+    "libpng": "libpng", "Highway": "libhwy",
 }
 
 
@@ -27,8 +27,8 @@ def description():
     with open("node_modules/sharp/package.json") as file:
         sharp = json.load(file)["version"]
     versions = {"sharp": f"{sharp} on Node.js {output_of('node', '--version').strip()[1:]}"}
-    for name, package in PACKAGES.items():
-        versions[name] = output_of("dpkg-query", "--show", "--showformat=${Version}", package)
+    for name, module in MODULES.items():
+        versions[name] = output_of("pkg-config", "--modversion", module).strip()
     memory = os.sysconf("SC_PAGE_SIZE") * os.sysconf("SC_PHYS_PAGES") / 2**30
     return {
         "processor": f"{processor()}, {os.cpu_count()} cores ({', '.join(instruction_sets())})",

@@ -19,12 +19,13 @@ def table(head, rows):
 
 def conditions(results):
     machine = results["machine"]
+    repetitions = results["sources"]["icon1024"]["Tessarine"]["repetitions"]
     versions = ", ".join(f"{name} {version}" for name, version in machine["versions"].items())
     return table(["", ""], [
         ["Processor", machine["processor"]], ["Memory", machine["memory"]],
         ["System", machine["system"]], ["Versions", versions],
         ["Load of the machine at the start", f"{machine['load']:.1f}"],
-        ["Runs", f"medians of {machine['repetitions']}, interleaved"]])
+        ["Runs", f"medians of {repetitions}, interleaved"]])
 
 
 def goals(results):

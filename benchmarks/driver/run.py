@@ -49,7 +49,8 @@ def whole_runs(source, rows, repetitions):
             print(f"{source}: {repetition + 1} of {repetitions}: {tool.name}", flush=True)
             runs[tool.name].append(run(tool, rows, hold(source), folder_of(tool)))
     return {
-        tool.name: medians(runs[tool.name]) | {"bytes": bytes_of(folder_of(tool))} for tool in TOOLS
+        tool.name: medians(runs[tool.name])
+        | {"bytes": bytes_of(folder_of(tool)), "repetitions": repetitions} for tool in TOOLS
     }
 
 
@@ -126,7 +127,7 @@ def main():
         file.write(output_of(f"{PROGRAMS}/list_files"))
     times = options.repetitions
     stages = {
-        "machine": lambda: machine.description() | {"repetitions": times},
+        "machine": machine.description,
         "sources": lambda: {source: whole_runs(source, rows, times) for source in SOURCES},
         "phases": lambda: {source: phases(source, rows, times) for source in SOURCES},
         "quality": lambda: {source: quality(source) for source in SOURCES},

@@ -30,6 +30,14 @@ std::string svg(const std::string& attributes, const std::string& inside) {
          attributes + ">" + inside + "</svg>";
 }
 
+TEST(Drawing, MayCarryAPrefixInItsNames) {
+  const auto picture =
+      decode(R"(<svg:svg xmlns:svg="http://www.w3.org/2000/svg" width="2" height="2">)"
+             R"(<svg:rect width="2" height="2" fill="#00f"/></svg:svg>)");
+  ASSERT_TRUE(picture);
+  EXPECT_EQ(pixelAt(required(picture->bitmap), 5, 5), (Pixel{0, 0, 255, 255}));
+}
+
 struct Shape {
   const char* name;
   double width, height;

@@ -142,6 +142,17 @@ std::string testName(const ::testing::TestParamInfo<Sample>& row) {
 
 INSTANTIATE_TEST_SUITE_P(Files, DecodedSample, ::testing::ValuesIn(testing::samples), testName);
 
+TEST(JPEG, MayHaveFillBytesBeforeAMarker) {
+  std::stringstream file;
+  file << std::ifstream(folder + "rgb.jpg", std::ios::binary).rdbuf();
+  std::string bytes = file.str();
+  bytes.insert(2, "\xff\xff");
+  const auto* first = reinterpret_cast<const std::uint8_t*>(bytes.data());
+  const Decoded decoded = decodePicture(ByteBuffer({first, bytes.size()}, nullptr));
+  ASSERT_TRUE(decoded.picture) << decoded.refusal;
+  EXPECT_EQ(decoded.picture->points, (PixelSize{48, 32}));
+}
+
 TEST(Formats, AreAllSampled) {
   std::set<std::string_view> sampled;
   for (const Sample& sample : testing::samples) sampled.insert(sample.format);

@@ -124,6 +124,7 @@ inline constexpr auto samples = std::to_array<Sample>({
     {"JPEG 2000", "file", "rgb.jp2", Blocks::opaque},
     {"JPEG 2000", "bare code stream", "rgb.j2k", Blocks::opaque},
     {"ICNS", "runs with a mask (the largest)", "runs.icns", Blocks::clear, {128, 128}},
+    {"ICNS", "runs of colours and alpha", "argb.icns", Blocks::clear, {32, 32}},
     {"ICNS", "PNG (the largest)", "png.icns", Blocks::clear, {256, 256}},
     {"ICO", "bitmaps (the largest)", "bitmaps.ico", Blocks::clear, {48, 48}},
     {"ICO", "PNG (the largest)", "png.ico", Blocks::clear, {48, 48}},

@@ -5,6 +5,8 @@
 #include <stdlib.h>
 #include <unistd.h>
 
+#include <filesystem>
+
 #include "tests/headless/program.h"
 #include "tests/headless/source_picture.h"
 #include "tests/support/recording_platform.h"
@@ -62,6 +64,14 @@ TEST(Progress, IsShownOnATerminalAndClearedInTheEnd) {
   const std::string shown = shownOnATerminal({"macos", source.picture(), source.icons()});
   EXPECT_THAT(shown, StartsWith("\r\x1b[K1/11 Icon-512.png\r\x1b[K2/11 Icon-512@2x.png"));
   EXPECT_TRUE(shown.ends_with("11/11 Contents.json\r\x1b[K")) << shown;
+}
+
+TEST(Progress, IsClearedBeforeTheLineOfAFailure) {
+  const SourcePicture source;
+  std::filesystem::create_directories(source.icons() / "bad.png");
+  const std::string shown = shownOnATerminal(
+      {"custom", source.picture(), source.icons(), "bad", "10", "10", "good", "10", "10"});
+  EXPECT_EQ(shown, "\r\x1b[K1/2 bad.png\r\x1b[K\r\x1b[K2/2 good.png\r\x1b[K");
 }
 
 TEST(Progress, CountsEveryRowThatIsAskedFor) {

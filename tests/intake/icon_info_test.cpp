@@ -2,9 +2,11 @@
 
 #include <gmock/gmock.h>
 
+#include <cstdlib>
 #include <map>
 #include <stdexcept>
 
+#include "tests/support/memory_limit.h"
 #include "tests/support/recording_platform.h"
 
 namespace tessarine {
@@ -36,6 +38,23 @@ std::map<std::string, std::string> provided(const IconInfo& iconInfo, std::strin
   RecordingItem item;
   iconInfo.providePasteboardData(item, type);
   return item.given;
+}
+
+// Ends with status 0 when lack of memory costs a held picture its JSON but not its TIFF.
+[[noreturn]] void provideWithoutMemory() {
+  class CountingItem final : public PasteboardItem {
+   public:
+    void setData(std::span<const std::uint8_t>, std::string_view) override { ++count; }
+    int count = 0;
+  };
+  IconInfo iconInfo;
+  iconInfo.imageData = ByteBuffer(MemoryBlock::allocate(64 << 20).value());
+  testing::leaveMemory(1 << 20);
+  CountingItem json;
+  iconInfo.providePasteboardData(json, customPasteboardType());
+  CountingItem tiff;
+  iconInfo.providePasteboardData(tiff, pasteboardTypeTIFF);
+  std::_Exit(json.count == 0 && tiff.count == 1 ? 0 : 1);
 }
 
 TEST(IconInfo, StartsWithoutAPicture) {
@@ -78,6 +97,12 @@ TEST(IconInfo, ProvidesItsOwnTypeAsCompactJSON) {
   EXPECT_THAT(provided(IconInfo(), type), ElementsAre(Pair(type, "{}")));
   EXPECT_THAT(provided(holding("\xfb\xff\xbf"), type),
               ElementsAre(Pair(type, R"({"imageData":"+/+/"})")));
+}
+
+TEST(IconInfoMemory, LeavesTheJSONOutWhenRefused) {
+  if (!testing::memoryCanBeLimited()) GTEST_SKIP() << "memory cannot be limited";
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_EXIT(provideWithoutMemory(), ::testing::ExitedWithCode(0), "");
 }
 
 TEST(IconInfo, ProvidesTIFFAsTheStoredBytes) {

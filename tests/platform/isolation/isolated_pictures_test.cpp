@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -15,6 +16,7 @@
 #include "platform/isolation/decoding_process.h"
 #include "platform/vips/vips_pictures.h"
 #include "tests/platform/isolation/watched_decoder.h"
+#include "tests/support/in_child.h"
 #include "tests/support/temporary_folder.h"
 
 namespace tessarine::testing {
@@ -60,6 +62,19 @@ class IsolatedPicturesTest : public ::testing::Test {
 };
 
 }  // namespace
+
+TEST_F(IsolatedPicturesTest, AreReadWhileSignalsArrive) {
+  EXPECT_EQ(inChild([&] {
+              struct sigaction action {};
+              action.sa_handler = [](int) {};
+              ::sigaction(SIGALRM, &action, nullptr);
+              const itimerval often{{0, 1000}, {0, 1000}};
+              ::setitimer(ITIMER_REAL, &often, nullptr);
+              const auto picture = pictures.decodeFile(samples / "drawing.svg");
+              return std::string(picture && picture->bitmap ? "read" : "refused");
+            }),
+            "read");
+}
 
 TEST_F(IsolatedPicturesTest, AreThoseOfTheDecoderItself) {
   VipsPictures vips;

@@ -53,12 +53,6 @@ void drawButton(QPainter& painter, const QStyleOptionButton& option) {
   const bool main = enabled && option.features.testFlag(QStyleOptionButton::DefaultButton);
   const QColor tint = palette.color(main ? QPalette::Shadow : QPalette::WindowText);
   QColor ground = main ? accentColor(palette) : palette.color(QPalette::Button);
-  if (option.features.testFlag(QStyleOptionButton::Flat)) {
-    ground = tint;
-    ground.setAlphaF(pressed ? 0.12F : hovered ? 0.06F : 0.0F);
-    drawBox(painter, option.rect, ground, {}, 0.0);
-    return;
-  }
   if (pressed || hovered) ground = blend(ground, tint, pressed ? 0.2 : 0.08);
   drawBox(painter, option.rect, ground, edgeColor(palette, enabled ? 0.22 : 0.12),
           main ? 0.0 : 1.0);

@@ -10,6 +10,7 @@
 #include <fcntl.h>
 #include <linux/openat2.h>
 #include <signal.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -66,6 +67,11 @@ bool fails() {
   if (kind == "kill") ::raise(SIGKILL);
   errno = std::atoi(kind.data());
   return true;
+}
+
+// The same, for a call that no signal interrupts.
+bool failsUninterrupted() {
+  return std::atoi(kind.data()) != EINTR && fails();
 }
 
 int noted(int descriptor, int flags) {
@@ -144,6 +150,22 @@ int close(int file) {
   if (!failed) return result;
   errno = error;
   return -1;
+}
+
+int mkdir(const char* path, mode_t mode) {
+  if (failsUninterrupted()) return -1;
+  return real<int(const char*, mode_t)>("mkdir")(path, mode);
+}
+
+int fstat(int file, struct stat* status) {
+  if ((is(Kind::file, file) || is(Kind::folder, file)) && failsUninterrupted()) return -1;
+  return real<int(int, struct stat*)>("fstat")(file, status);
+}
+
+// For the name of a temporary file.
+int getentropy(void* bytes, size_t count) {
+  if (failsUninterrupted()) return -1;
+  return real<int(void*, size_t)>("getentropy")(bytes, count);
 }
 
 int ftruncate(int file, off_t length) {

@@ -16,9 +16,13 @@ void confineTo(const std::string& folder) {
   // Where it cannot be created, every write tells so.
   std::error_code ignored;
   std::filesystem::create_directories(folder, ignored);
-  // A sanitizer's search for leaks, at the end, reads what the system tells of this process. Older
-  // kernels have no confinement, and the writing is contained without it.
-  static_cast<void>(confine({{"/proc/self"}, {folder}}));
+  Confinement confinement{{}, {folder}};
+#ifdef __SANITIZE_ADDRESS__
+  // Where its search for leaks, at the end, reads of this process.
+  confinement.readable.push_back("/proc/self");
+#endif
+  // Older kernels have none, and the writing is contained without it.
+  static_cast<void>(confine(confinement));
 }
 
 }  // namespace

@@ -45,20 +45,22 @@ std::size_t Axis::maximumTaps() const noexcept {
 }
 
 Taps Axis::plainTaps(std::int64_t index, std::int16_t* weights) {
-  // The product first: the middle of an axis comes out exactly.
-  const double centre = static_cast<double>(2 * index + 1) * static_cast<double>(source_) /
-                            static_cast<double>(2 * target_) -
-                        0.5;
+  // A whole pixel and what lies beyond it, so that the middle of an axis comes out exactly: a
+  // double does not hold the product.
+  const std::int64_t product = (2 * index + 1) * source_;
+  const std::int64_t whole = product / (2 * target_);
+  const double offset =
+      static_cast<double>(product % (2 * target_)) / static_cast<double>(2 * target_) - 0.5;
   const double radius = kernelRadius * stretch_;
-  const auto begin = static_cast<std::int64_t>(std::floor(centre - radius)) + 1;
-  const auto end = static_cast<std::int64_t>(std::ceil(centre + radius));
+  const std::int64_t begin = whole + static_cast<std::int64_t>(std::floor(offset - radius)) + 1;
+  const std::int64_t end = whole + static_cast<std::int64_t>(std::ceil(offset + radius));
   const std::int64_t first = std::clamp<std::int64_t>(begin, 0, source_ - 1);
   const std::int64_t last = std::clamp<std::int64_t>(end - 1, 0, source_ - 1);
   const auto count = static_cast<std::size_t>(last - first + 1);
 
   double sum = 0;
   for (std::int64_t pixel = begin; pixel < end; ++pixel) {
-    sum += kernel((static_cast<double>(pixel) - centre) / stretch_);
+    sum += kernel((static_cast<double>(pixel - whole) - offset) / stretch_);
     sums_[static_cast<std::size_t>(std::clamp(pixel, first, last) - first)] = sum;
   }
   // Rounding the running sums and not the weights makes these add up exactly, and what one loses

@@ -22,7 +22,7 @@ struct Taps {
 // weights of pixels beyond an edge go to the pixel on the edge.
 class Axis {
  public:
-  // Sides in pixels, both positive; throws std::bad_alloc.
+  // Sides of 1 to `maximumPixels` pixels; throws std::bad_alloc.
   Axis(std::int64_t source, std::int64_t target);
 
   std::int64_t source() const noexcept { return source_; }

@@ -74,6 +74,24 @@ TEST(Taps, AreMirroredExactly) {
   }
 }
 
+// Sides whose product no double holds.
+TEST(Taps, AddUpAndAreMirroredInTheMiddleOfTheLongestAxes) {
+  constexpr std::pair<std::int64_t, std::int64_t> longSides[] = {
+      {120'659'339, 126'767'367}, {33'558'603, 268'402'689}, {134'217'719, 134'217'721}};
+  for (const auto& [source, target] : longSides) {
+    Axis axis(source, target);
+    const auto [taps, weights] = weightsOf(axis, target / 2);
+    EXPECT_EQ(std::accumulate(weights.begin(), weights.end(), 0), weightSum)
+        << source << " to " << target;
+    for (std::size_t i = 0; i < weights.size(); ++i) {
+      const std::int64_t opposite = source - 1 - 2 * taps.first - static_cast<std::int64_t>(i);
+      const bool isInside = opposite >= 0 && opposite < static_cast<std::int64_t>(weights.size());
+      EXPECT_EQ(weights[i], isInside ? weights[static_cast<std::size_t>(opposite)] : 0)
+          << source << " to " << target << ": " << i;
+    }
+  }
+}
+
 TEST(Taps, TakeThePixelItselfAtItsOwnSize) {
   Axis axis(64, 64);
   for (std::int64_t i = 0; i < 64; ++i) {

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <new>
 #include <span>
 #include <utility>
 
@@ -56,7 +57,7 @@ int compressionLevel(std::size_t zeros, std::size_t filteredBytes) noexcept {
   return zeros >= filteredBytes / 5 * 4 ? 6 : 5;
 }
 
-std::optional<ByteBuffer> encodePNG(const Bitmap& bitmap) {
+std::optional<ByteBuffer> encodePNG(const Bitmap& bitmap) try {
   auto filtered = MemoryBlock::allocate(filteredByteCount(bitmap.size()));
   if (!filtered) return std::nullopt;
   const std::size_t filteredBytes = filtered->bytes().size();
@@ -80,6 +81,8 @@ std::optional<ByteBuffer> encodePNG(const Bitmap& bitmap) {
 
   const std::size_t byteCount = chunks.byteCount();
   return ByteBuffer(*std::move(file)).slice(0, byteCount);
+} catch (const std::bad_alloc&) {
+  return std::nullopt;
 }
 
 }  // namespace tessarine

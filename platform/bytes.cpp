@@ -1,6 +1,7 @@
 #include "platform/bytes.h"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 #ifdef __linux__
@@ -41,11 +42,13 @@ ByteBuffer::ByteBuffer(MemoryBlock block) {
   owner_ = std::move(owner);
 }
 
-std::optional<ByteBuffer> ByteBuffer::copyOf(std::span<const std::uint8_t> bytes) {
+std::optional<ByteBuffer> ByteBuffer::copyOf(std::span<const std::uint8_t> bytes) try {
   auto block = MemoryBlock::allocate(bytes.size());
   if (!block) return std::nullopt;
   std::ranges::copy(bytes, block->bytes().begin());
   return ByteBuffer(*std::move(block));
+} catch (const std::bad_alloc&) {
+  return std::nullopt;
 }
 
 }  // namespace tessarine

@@ -4,6 +4,8 @@
 
 #include "output/png_encoder.h"
 #include "tests/support/recording_platform.h"
+#include "tests/support/refused_new.h"
+#include "tests/support/under_valgrind.h"
 
 namespace tessarine {
 namespace {
@@ -42,6 +44,17 @@ TEST_F(Writers, WriteThePixelsOfTheBitmapWhateverThePoints) {
 
 TEST_F(Writers, PassOverAPictureWithoutABitmap) {
   writePNG(host.platform, Picture{{0, 5}, std::nullopt}, "/picked/a.png");
+  EXPECT_THAT(host.journal, IsEmpty());
+}
+
+TEST_F(Writers, PassOverAPictureThatMemoryDoesNotSufficeToEncode) {
+  if (testing::underValgrind()) GTEST_SKIP() << "valgrind has a `new` of its own";
+  const Picture picture = testing::plainPicture({3, 2});
+  const std::string location = "/picked/a.png";
+  {
+    const testing::RefusedNew refused;
+    writePNG(host.platform, picture, location);
+  }
   EXPECT_THAT(host.journal, IsEmpty());
 }
 

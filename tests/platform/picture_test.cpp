@@ -4,6 +4,9 @@
 
 #include <limits>
 
+#include "tests/support/refused_new.h"
+#include "tests/support/under_valgrind.h"
+
 namespace tessarine {
 namespace {
 
@@ -76,6 +79,16 @@ TEST(ByteBuffer, CopiesBytes) {
   bytes[0] = 9;
   EXPECT_EQ(copy.bytes()[0], 1);
   EXPECT_EQ(ByteBuffer::copyOf({}).value().bytes().size(), 0U);
+}
+
+TEST(ByteBuffer, GivesNoCopyWhenItsBookkeepingIsRefused) {
+  if (testing::underValgrind()) GTEST_SKIP() << "valgrind has a `new` of its own";
+  const std::vector<std::uint8_t> bytes{1, 2, 3};
+  const auto copy = [&] {
+    const testing::RefusedNew refused;
+    return ByteBuffer::copyOf(bytes);
+  }();
+  EXPECT_FALSE(copy.has_value());
 }
 
 TEST(MemoryBlock, IsRefusedRatherThanAborting) {

@@ -108,8 +108,8 @@ TEST(AllSets, StretchAPictureThatIsNotSquare) {
   });
   ASSERT_EQ(runProgram({"all", source.picture(), source.icons()}).status, 0);
   for (const char* file :
-       {"ios/iTunesArtwork@2x.png", "macos/Icon-256.png", "windows10/WideTile.scale-400.png",
-        "windows10/LargeTile.scale-200.png"}) {
+       {"ios/iTunesArtwork@2x.png", "macos/Icon-256.png", "apple-watch/AppStore.png",
+        "windows10/WideTile.scale-400.png", "windows10/LargeTile.scale-200.png"}) {
     const PNGImage icon = readPNG(source.icons() / file);
     const int x = icon.width / 10;
     const int y = icon.height / 10;

@@ -2,12 +2,10 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <linux/landlock.h>
 #include <netinet/in.h>
 #include <signal.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/syscall.h>
 #include <sys/un.h>
 #include <unistd.h>
 
@@ -18,6 +16,7 @@
 
 #include "platform/posix/granted_files.h"
 #include "tests/support/in_child.h"
+#include "tests/support/kernel.h"
 #include "tests/support/temporary_folder.h"
 
 namespace tessarine::testing {
@@ -28,11 +27,6 @@ namespace fs = std::filesystem;
 
 std::string told(bool succeeded) {
   return succeeded ? "allowed" : std::strerror(errno);
-}
-
-// Which version of its confinement the kernel has.
-long kernelVersion() {
-  return ::syscall(SYS_landlock_create_ruleset, nullptr, 0, LANDLOCK_CREATE_RULESET_VERSION);
 }
 
 int onAbstractSocket(const std::string& name, int (*call)(int, const sockaddr*, socklen_t)) {
@@ -129,13 +123,13 @@ TEST_F(ConfinementTest, StartsNoPrograms) {
 }
 
 TEST_F(ConfinementTest, UsesNoTCP) {
-  if (kernelVersion() < 4) GTEST_SKIP() << "the kernel cannot take TCP away";
+  if (landlockVersion() < 4) GTEST_SKIP() << "the kernel cannot take TCP away";
   EXPECT_EQ(confined([] { return onLoopback(::bind) == 0; }), "Permission denied");
   EXPECT_EQ(confined([] { return onLoopback(::connect) == 0; }), "Permission denied");
 }
 
 TEST_F(ConfinementTest, ReachesNoOtherProcess) {
-  if (kernelVersion() < 6) GTEST_SKIP() << "the kernel cannot take signals and sockets away";
+  if (landlockVersion() < 6) GTEST_SKIP() << "the kernel cannot take signals and sockets away";
   EXPECT_EQ(confined([] { return ::kill(::getppid(), 0) == 0; }), "Operation not permitted");
   ASSERT_EQ(onAbstractSocket(root, ::bind), 0);
   EXPECT_EQ(confined([&] { return onAbstractSocket(root, ::connect) == 0; }),

@@ -41,6 +41,19 @@ TEST_F(ScreensTest, ADroppedFileEnablesTheButtonsOfItsScreenAlone) {
   EXPECT_TRUE(button(custom(), "btnCustom").isEnabled());
 }
 
+TEST_F(ScreensTest, DroppedPictureDataIsShownButEnablesNothing) {
+  host.pictures.decodable["a picture"] = testing::plainPicture({300, 200});
+  QMimeData data;
+  data.setData("image/png", "a picture");
+  testing::Drag drag(in<DropArea>(main(), "dropArea"), data);
+  drag.enter();
+  drag.drop();
+  EXPECT_EQ(in<PictureWell>(main(), "imageView").accessibleDescription(), "300 × 200 pixels");
+  for (const std::string& name : generationButtons) {
+    EXPECT_FALSE(button(main(), name).isEnabled()) << name;
+  }
+}
+
 struct Press {
   const char* button;
   const IconSet& set;

@@ -24,12 +24,19 @@ class DropTargetTest : public ::testing::Test {
     host.pictures.files["/two.png"] = testing::plainPicture({2, 2});
     host.pictures.files["/empty.png"] = Picture{{3, 3}, std::nullopt};
     host.pictures.decodable["tiff of 1x1"] = testing::plainPicture({9, 9});
+    host.pictures.decodable["tiff of 5x5"] = testing::plainPicture({5, 5});
   }
 
   // Performs a drop of the items and answers with what it said.
   bool drop(std::vector<DragItem> items) {
     drag.items = std::move(items);
     return target.performDragOperation(drag);
+  }
+
+  // Concludes the drop and answers with what the well then does.
+  std::string shown() {
+    target.concludeDragOperation(drag);
+    return journal.back();
   }
 
   std::string held() const {
@@ -137,6 +144,7 @@ TEST_F(DropTargetTest, HoldsAPictureItemButEnablesNothing) {
   EXPECT_EQ(held(), "tiff of 5x5");
   EXPECT_EQ(target.draggedIconPath(), "/one.png");
   EXPECT_THAT(journal, ElementsAre("tiff 5x5", "window to front"));
+  EXPECT_EQ(shown(), "well shows 5x5");
 }
 
 TEST_F(DropTargetTest, HoldsNothingAfterAPictureWithoutTIFFData) {
@@ -160,6 +168,7 @@ TEST_F(DropTargetTest, KeepsThePictureButTakesThePathOfAFileThatDoesNotLoad) {
   EXPECT_EQ(target.draggedIconPath(), "/notes.txt");
   EXPECT_THAT(journal, ElementsAre("decode file /notes.txt", "enable first", "enable second",
                                    "window to front"));
+  EXPECT_EQ(shown(), "well shows 5x5");
 }
 
 TEST_F(DropTargetTest, TakesTheLastOfSeveralFiles) {
@@ -178,11 +187,14 @@ TEST_F(DropTargetTest, TakesTheLastOfMixedItemsInTheirOrder) {
 TEST_F(DropTargetTest, AcceptsColoursAndTextsAndIgnoresThem) {
   drop({FileItem{"/one.png"}});
   journal.clear();
-  EXPECT_TRUE(drop({ColorItem{}}));
-  EXPECT_TRUE(drop({TextItem{"/two.png"}}));
-  EXPECT_EQ(held(), "tiff of 1x1");
-  EXPECT_EQ(target.draggedIconPath(), "/one.png");
-  EXPECT_THAT(journal, Each("window to front"));
+  for (const DragItem& item : {DragItem(ColorItem{}), DragItem(TextItem{"/two.png"})}) {
+    EXPECT_TRUE(drop({item}));
+    EXPECT_EQ(held(), "tiff of 1x1");
+    EXPECT_EQ(target.draggedIconPath(), "/one.png");
+    EXPECT_THAT(journal, ElementsAre("window to front"));
+    EXPECT_EQ(shown(), "well shows 9x9");
+    journal.clear();
+  }
 }
 
 TEST_F(DropTargetTest, DoesWithoutAWindow) {

@@ -43,6 +43,7 @@ constexpr Scaling scalings[] = {
     {"Row", {600, 1}, {170, 40}},
     {"Column", {1, 600}, {40, 170}},
     {"LargeByTwo", {2304, 2048}, {72, 64}, true},
+    {"LargeToOddHalf", {2306, 2050}, {72, 64}, true},
     {"LargeToSmall", {2304, 2048}, {30, 29}, true},
 };
 

@@ -25,6 +25,8 @@ std::optional<Picture> pictureIn(const std::map<std::string, Picture>& pictures,
 std::optional<Picture> FakePictures::decode(const ByteBuffer& bytes) {
   const std::string key = textOf(bytes.bytes());
   journal_.push_back("decode " + key);
+  if (decodings == 0) return std::nullopt;
+  --decodings;
   return pictureIn(decodable, key);
 }
 

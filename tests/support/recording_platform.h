@@ -1,7 +1,9 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <map>
 #include <optional>
 #include <set>
@@ -35,6 +37,8 @@ class FakePictures final : public Pictures {
   // By their bytes, and by the path of a file.
   std::map<std::string, Picture> decodable;
   std::map<std::string, Picture> files;
+  // After so many no bytes decode any more.
+  std::size_t decodings = std::numeric_limits<std::size_t>::max();
   std::vector<std::string> types{"image/x-first", "image/x-second"};
 
  private:

@@ -31,8 +31,9 @@ struct Format {
   const char* sample = nullptr;
 };
 
-// How many bytes from a picture's start are enough to recognise it.
-inline constexpr std::size_t headSize = 4096;
+// How many bytes from a picture's start are enough to recognise it. Comments and declarations may
+// precede a drawing's element.
+inline constexpr std::size_t headSize = 65536;
 
 inline Head headOf(const ByteBuffer& bytes) {
   return bytes.bytes().first(std::min(headSize, bytes.bytes().size()));

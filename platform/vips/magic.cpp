@@ -32,26 +32,40 @@ bool hasBrand(Head head, std::span<const std::string_view> brands) {
   return false;
 }
 
-// Past white space, comments and declarations, as they may precede an XML document's element.
+// What follows the next `mark`; empty where there is none.
+std::string_view past(std::string_view mark, std::string_view xml) {
+  const auto at = xml.find(mark);
+  return at == std::string_view::npos ? std::string_view() : xml.substr(at + mark.size());
+}
+
+// Past the comment, instruction or declaration that `xml` begins with. A document type may hold
+// others of all three kinds.
+std::string_view pastMarkup(std::string_view xml) {
+  int open = 0;
+  do {
+    if (xml.starts_with("<!--"sv)) {
+      xml = past("-->"sv, xml.substr(4));
+    } else if (xml.starts_with("<?"sv)) {
+      xml = past("?>"sv, xml);
+    } else {
+      const auto letter = xml.substr(0, 1);
+      xml.remove_prefix(1);
+      if (letter == "\""sv || letter == "'"sv) xml = past(letter, xml);
+      if (letter == "<"sv) ++open;
+      if (letter == ">"sv) --open;
+    }
+  } while (open > 0 && !xml.empty());
+  return xml;
+}
+
+// Past all that may precede an XML document's element.
 std::string_view fromFirstElement(std::string_view xml) {
   while (true) {
     const auto at = xml.find_first_not_of(" \t\r\n"sv);
     if (at == std::string_view::npos) return {};
     xml.remove_prefix(at);
-    std::string_view end;
-    if (xml.starts_with("<!--"sv)) {
-      end = "-->"sv;
-    } else if (xml.starts_with("<?"sv)) {
-      end = "?>"sv;
-    } else if (xml.starts_with("<!"sv)) {
-      // A document type may hold declarations in brackets.
-      end = xml.substr(0, xml.find('>')).find('[') == std::string_view::npos ? ">"sv : "]>"sv;
-    } else {
-      return xml;
-    }
-    const auto past = xml.find(end);
-    if (past == std::string_view::npos) return {};
-    xml.remove_prefix(past + end.size());
+    if (!xml.starts_with("<!"sv) && !xml.starts_with("<?"sv)) return xml;
+    xml = pastMarkup(xml);
   }
 }
 

@@ -174,6 +174,29 @@ TEST(Formats, AreRecognisedAsWhatTheyAre) {
   }
 }
 
+Decoded decodeText(const std::string& text) {
+  return decodePicture(
+      ByteBuffer({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}, nullptr));
+}
+
+TEST(Formats, IncludeDrawingsWhateverPrecedesTheirElement) {
+  const std::string drawing = R"(<svg xmlns="http://www.w3.org/2000/svg" width="3" height="2"/>)";
+  const std::string longComment = "<!--" + std::string(60'000, 'x') + "-->";
+  for (const std::string& prologue :
+       {std::string("\xef\xbb\xbf<?xml version='1.0'?>\n"), longComment,
+        std::string(R"(<!DOCTYPE svg SYSTEM "a]>.dtd">)"), std::string("<!DOCTYPE svg [ ]>"),
+        std::string("<!DOCTYPE svg [\n<!ENTITY a 'b'>\n] >\n<!-- -->"),
+        std::string(R"(<!DOCTYPE svg [<!ENTITY a "]>'"><!-- ' ]> <g -->)"
+                    R"(<?b ]> <g ?><!ELEMENT svg ANY>]>)")}) {
+    EXPECT_EQ(decodeText(prologue + drawing).refusal, "") << prologue.substr(0, 100);
+  }
+  for (const std::string& other :
+       {"<!-- " + drawing, "<!DOCTYPE svg [<!ENTITY a '" + drawing + "'>]><html/>",
+        "<!DOCTYPE svg [" + drawing, "<!-->" + drawing, "words " + drawing}) {
+    EXPECT_EQ(decodeText(other).refusal, "not a picture of a kind that can be read") << other;
+  }
+}
+
 TEST(Formats, AreReadOnlyWithLoaderAndCodec) {
   for (const Format& format : formats()) {
     EXPECT_TRUE(canBeRead(format)) << format.name;

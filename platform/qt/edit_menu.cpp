@@ -5,6 +5,8 @@
 #include <QClipboard>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPointer>
+#include <memory>
 
 namespace tessarine {
 
@@ -42,14 +44,16 @@ constexpr EditItem items[] = {
      [](const QLineEdit& field) { return !field.text().isEmpty(); }, true},
 };
 
-QLineEdit* focusedField() {
-  return qobject_cast<QLineEdit*>(QApplication::focusWidget());
-}
-
 }  // namespace
 
 void addEditMenu(QMenuBar& menus) {
   QMenu* menu = menus.addMenu(QCoreApplication::translate("EditMenu", "&Edit"));
+  // Remembered, since the bar has the focus itself while keys walk through its menus.
+  const auto focused = std::make_shared<QPointer<QLineEdit>>();
+  QObject::connect(qApp, &QApplication::focusChanged, menu,
+                   [&menus, focused](QWidget*, QWidget* now) {
+                     if (now != &menus) *focused = qobject_cast<QLineEdit*>(now);
+                   });
   for (const EditItem& item : items) {
     if (item.opensGroup) menu->addSeparator();
     QAction* action = menu->addAction(QCoreApplication::translate("EditMenu", item.text));
@@ -57,11 +61,11 @@ void addEditMenu(QMenuBar& menus) {
     // Told in the menu only: the field itself answers to the key, and keys typed while no field has
     // the focus are left alone.
     action->setShortcutContext(Qt::WidgetShortcut);
-    QObject::connect(action, &QAction::triggered, menu, [&item] {
-      if (QLineEdit* field = focusedField()) item.apply(*field);
+    QObject::connect(action, &QAction::triggered, menu, [&item, focused] {
+      if (QLineEdit* field = *focused) item.apply(*field);
     });
-    QObject::connect(menu, &QMenu::aboutToShow, action, [action, &item] {
-      const QLineEdit* field = focusedField();
+    QObject::connect(menu, &QMenu::aboutToShow, action, [action, &item, focused] {
+      const QLineEdit* field = *focused;
       action->setEnabled(field != nullptr && item.applies(*field));
     });
   }

@@ -1,5 +1,6 @@
 #include "platform/qt/form_field.h"
 
+#include <QFocusEvent>
 #include <QFontMetrics>
 
 #include <algorithm>
@@ -26,6 +27,12 @@ QSize FormField::sizeHint() const {
                   fontMetrics().horizontalAdvance(QString(digits_, QLatin1Char('0'))));
   }
   return size;
+}
+
+void FormField::focusOutEvent(QFocusEvent* event) {
+  // As for a menu opened by the mouse: the selection stays, which the editing items act on.
+  QFocusEvent menu(QEvent::FocusOut, Qt::PopupFocusReason);
+  QLineEdit::focusOutEvent(event->reason() == Qt::MenuBarFocusReason ? &menu : event);
 }
 
 }  // namespace tessarine

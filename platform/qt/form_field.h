@@ -23,6 +23,9 @@ class FormField final : public QLineEdit, public TextField {
 
   QSize sizeHint() const override;
 
+ protected:
+  void focusOutEvent(QFocusEvent* event) override;
+
  private:
   int digits_ = 0;
 };

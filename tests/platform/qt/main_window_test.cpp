@@ -100,6 +100,24 @@ TEST_F(MainWindowTest, EditingItemsAreDisabledWithoutAField) {
   EXPECT_EQ(field_->selectedText(), "");
 }
 
+TEST_F(MainWindowTest, EditingItemsCanBeReachedByTheArrowKeys) {
+  field_->becomeFirstResponder();
+  const auto press = [this](Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::keyClick(window_.windowHandle(), key, modifiers);
+  };
+  press(Qt::Key_A);
+  press(Qt::Key_F, Qt::AltModifier);
+  press(Qt::Key_Right);
+  press(Qt::Key_T);
+  EXPECT_EQ(field_->text(), "a");
+  press(Qt::Key_A);
+  EXPECT_EQ(field_->selectedText(), "a");
+  press(Qt::Key_F, Qt::AltModifier);
+  press(Qt::Key_Right);
+  press(Qt::Key_T);
+  EXPECT_EQ(field_->text(), "");
+}
+
 TEST_F(MainWindowTest, QuitClosesTheWindow) {
   EXPECT_THAT(enabledItems("&File"), ElementsAre("Quit"));
   choose("&File", "Quit");

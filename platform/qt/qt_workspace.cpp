@@ -18,20 +18,19 @@ namespace tessarine {
 namespace {
 
 // Standard output leads nowhere for as long as this lives, so that a program started meanwhile
-// neither writes among our lines nor keeps a reader of them waiting for their end.
+// neither writes among our lines nor keeps a reader of them waiting for their end. Where no file
+// can be opened, it stays as it is.
 class SilentStandardOutput {
  public:
   SilentStandardOutput() : kept_(::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0)) {
+    if (kept_ < 0) return;
     std::fflush(stdout);
     const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
     ::dup2(nowhere, STDOUT_FILENO);
     ::close(nowhere);
   }
   ~SilentStandardOutput() {
-    if (kept_ < 0) {
-      ::close(STDOUT_FILENO);  // as it was before
-      return;
-    }
+    if (kept_ < 0) return;
     ::dup2(kept_, STDOUT_FILENO);
     ::close(kept_);
   }

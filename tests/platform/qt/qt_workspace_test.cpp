@@ -1,6 +1,7 @@
 #include "platform/qt/qt_workspace.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -10,6 +11,7 @@
 #include <QDesktopServices>
 #include <QProcess>
 #include <QTest>
+#include <cstdlib>
 
 #include "tests/support/opened_urls.h"
 #include "tests/support/temporary_folder.h"
@@ -108,15 +110,44 @@ TEST_F(WorkspaceTest, OpensTheFolderOtherwiseWhereThereIsNoFileManager) {
   EXPECT_EQ(opened_.urls, QList<QUrl>{QUrl("file:///icons")});
 }
 
+// Which file is standard output; 0 when none is.
+ino_t standardOutput() {
+  struct stat status {};
+  return ::fstat(STDOUT_FILENO, &status) == 0 ? status.st_ino : 0;
+}
+
 TEST_F(WorkspaceTest, KeepsStandardOutputFromTheHelperThatOpens) {
-  struct stat before {};
-  struct stat after {};
-  ::fstat(STDOUT_FILENO, &before);
+  const ino_t before = standardOutput();
   QtWorkspace().showFolder("/icons");
   ASSERT_TRUE(QTest::qWaitFor([&] { return !opened_.urls.isEmpty(); }, patience));
   EXPECT_TRUE(opened_.outputWentNowhere);
-  ::fstat(STDOUT_FILENO, &after);
-  EXPECT_EQ(before.st_ino, after.st_ino);
+  EXPECT_EQ(standardOutput(), before);
+}
+
+TEST_F(WorkspaceTest, LeavesStandardOutputAloneWhereNoFileCanBeOpened) {
+  const ino_t before = standardOutput();
+  rlimit limit{};
+  ::getrlimit(RLIMIT_NOFILE, &limit);
+  const int next = ::dup(STDOUT_FILENO);
+  ::close(next);
+  const rlimit noMore{static_cast<rlim_t>(next), limit.rlim_max};
+  ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &noMore), 0);
+  QtWorkspace().showFolder("/icons");
+  const bool opened = QTest::qWaitFor([&] { return !opened_.urls.isEmpty(); }, patience);
+  ::setrlimit(RLIMIT_NOFILE, &limit);
+  EXPECT_TRUE(opened);
+  EXPECT_EQ(standardOutput(), before);
+}
+
+// In a process of its own, whose connection no other test has made to a bus.
+TEST(WorkspaceWithoutABus, OpensTheFolderOtherwise) {
+  const auto openedURLs = [] {
+    const OpenedURLs opened;
+    QtWorkspace().showFolder("/icons");
+    return opened.urls;
+  };
+  EXPECT_EXIT(std::exit(openedURLs() == QList<QUrl>{QUrl("file:///icons")} ? 0 : 1),
+              ::testing::ExitedWithCode(0), "");
 }
 
 }  // namespace

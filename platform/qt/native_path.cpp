@@ -18,7 +18,10 @@ bool isThisMachine(const QString& host) {
 std::optional<std::string> localPathOf(const QUrl& url) {
   if (!url.isLocalFile() || !isThisMachine(url.host())) return std::nullopt;
   const QByteArray encoded = url.path(QUrl::FullyEncoded).toLatin1();
-  return QByteArray::fromPercentEncoding(encoded).toStdString();
+  std::string path = QByteArray::fromPercentEncoding(encoded).toStdString();
+  // The system would take the path up to its first NUL, which is another file's.
+  if (path.find('\0') != std::string::npos) return std::nullopt;
+  return path;
 }
 
 QUrl fileURLOf(const std::string& path) {

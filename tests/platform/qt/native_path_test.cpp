@@ -30,5 +30,10 @@ TEST(NativePath, IsThatOfALocalFileAlone) {
   EXPECT_EQ(localPathOf(QUrl()), std::nullopt);
 }
 
+TEST(NativePath, HoldsNoNUL) {
+  EXPECT_EQ(localPathOf(QUrl("file:///a.png%00b")), std::nullopt);
+  EXPECT_EQ(localPathOf(QUrl("file:///a.png%2500b")), "/a.png%00b");
+}
+
 }  // namespace
 }  // namespace tessarine

@@ -33,6 +33,8 @@ void setUpProcess() {
   holdStandardStreams();
   passOver(SIGPIPE);
   passOver(SIGXFSZ);
+  // Started with it ignored, the program could not wait for its children.
+  ::signal(SIGCHLD, SIG_DFL);
   // No new-handler besides: picture libraries catch the exception and refuse the picture.
   std::set_terminate([] { std::abort(); });
 }

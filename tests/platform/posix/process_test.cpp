@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <signal.h>
 #include <sys/resource.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
@@ -101,6 +102,17 @@ TEST(Process, LeavesTheSignalsOfStartedProgramsAlone) {
   const std::string before = ignoredAfter([] {});
   EXPECT_TRUE(before.starts_with("SigIgn:"));
   EXPECT_EQ(ignoredAfter(setUpProcess), before);
+}
+
+TEST(Process, CanWaitForItsChildrenWhateverItWasStartedWith) {
+  EXPECT_EQ(inChild([] {
+              ::signal(SIGCHLD, SIG_IGN);
+              setUpProcess();
+              const pid_t child = ::fork();
+              if (child == 0) ::_exit(0);
+              return ::waitpid(child, nullptr, 0) == child ? survived : "nothing to wait for";
+            }),
+            survived);
 }
 
 TEST(Process, EndsSilentlyOnAnExceptionThatNobodyCatches) {

@@ -107,7 +107,7 @@ std::string refusalOf(const RegularFile& file) {
 Decoded decodePicture(const RegularFile& file) {
   if (std::string refusal = refusalOf(file); !refusal.empty()) return refused(std::move(refusal));
   const auto bytes = file.bytes();
-  if (!bytes) return refused("the file is too large for this machine");
+  if (!bytes) return refused("the file cannot be read, or is too large for this machine");
   return decodePicture(*bytes);
 }
 

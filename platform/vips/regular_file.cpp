@@ -11,14 +11,15 @@ namespace tessarine {
 
 namespace {
 
-// How many bytes arrived in `room`, from the start of the file on.
-std::size_t readFromStart(int descriptor, std::span<std::uint8_t> room) {
+// How many bytes arrived in `room`, from the start of the file on; nothing when reading fails.
+std::optional<std::size_t> readFromStart(int descriptor, std::span<std::uint8_t> room) {
   std::size_t count = 0;
   while (count < room.size()) {
     const auto got =
         ::pread(descriptor, room.data() + count, room.size() - count, static_cast<off_t>(count));
     if (got < 0 && errno == EINTR) continue;
-    if (got <= 0) break;
+    if (got < 0) return std::nullopt;
+    if (got == 0) break;
     count += static_cast<std::size_t>(got);
   }
   return count;
@@ -65,7 +66,7 @@ RegularFile::~RegularFile() {
 }
 
 std::span<const std::uint8_t> RegularFile::head(std::span<std::uint8_t> room) const {
-  return room.first(readFromStart(descriptor_, room));
+  return room.first(readFromStart(descriptor_, room).value_or(0));
 }
 
 std::optional<ByteBuffer> RegularFile::bytes() const {
@@ -73,7 +74,8 @@ std::optional<ByteBuffer> RegularFile::bytes() const {
   if (!block) return std::nullopt;
   // The file may have shrunk meanwhile.
   const auto count = readFromStart(descriptor_, block->bytes());
-  return ByteBuffer(*std::move(block)).slice(0, count);
+  if (!count) return std::nullopt;
+  return ByteBuffer(*std::move(block)).slice(0, *count);
 }
 
 }  // namespace tessarine

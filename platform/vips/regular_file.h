@@ -26,7 +26,7 @@ class RegularFile {
   // Why the file cannot be read; empty when it can.
   const std::string& refusal() const { return refusal_; }
   int descriptor() const { return descriptor_; }
-  // The first bytes, as many as fit or as there are.
+  // The first bytes, as many as fit or as there are; none when reading fails.
   std::span<const std::uint8_t> head(std::span<std::uint8_t> room) const;
   // The whole file; nothing when reading or memory fails.
   std::optional<ByteBuffer> bytes() const;

@@ -58,6 +58,12 @@ TEST_F(BadInput, PathThatGoesOnBehindANullByte) {
   expectRefusal(path("text") + std::string("\0.png", 5), "No such file or directory");
 }
 
+TEST_F(BadInput, FileWhoseReadingFails) {
+  const RegularFile file(::open(fileHolding("a.png", "text").c_str(), O_WRONLY));
+  ASSERT_EQ(file.refusal(), "");
+  EXPECT_FALSE(file.bytes());
+}
+
 TEST_F(BadInput, EmptyFile) {
   expectRefusal(fileHolding("a.png", ""), "the file is empty");
 }

@@ -21,8 +21,9 @@ constexpr int checkSide = 8;
 constexpr int glyphSide = 56;
 constexpr int leastSide = 220;
 
-// No well is larger than this on any screen, so that scaling from the preview loses nothing.
-constexpr std::int64_t previewSide = 2048;
+// No well is larger than this on screens of up to 8K, so that scaling from the preview loses
+// nothing.
+constexpr std::int64_t previewSide = 4096;
 
 PixelSize fitted(PixelSize size, double width, double height, double mostScale) {
   const double scale = std::min({width / static_cast<double>(size.width),

@@ -4,6 +4,7 @@
 
 #include <QPainter>
 #include <QSignalSpy>
+#include <cstdlib>
 
 #include "tests/support/recording_platform.h"
 
@@ -56,17 +57,29 @@ TEST_F(PictureWellTest, ShowsTheWholeOfALargePictureInItsShape) {
   EXPECT_EQ(sizes_, (std::vector<PixelSize>{{300, 100}}));
 }
 
+// In a process of its own, whose screen has such pixels.
+TEST_F(PictureWellTest, ShowsEachPixelOnAScreenOfTwoToAPoint) {
+  qputenv("QT_SCALE_FACTOR", "2");
+  const auto isSharp = [this] {
+    well_.setImage(plainPicture({1200, 402}));
+    return count(painted(well_, 2.0), red) == 600 * 201 &&
+           sizes_ == std::vector<PixelSize>{{600, 201}};
+  };
+  EXPECT_EXIT(std::exit(isSharp() ? 0 : 1), ::testing::ExitedWithCode(0), "");
+  qunsetenv("QT_SCALE_FACTOR");
+}
+
 TEST_F(PictureWellTest, KeepsAPixelOfTheThinnestPicture) {
   well_.setImage(plainPicture({2000, 1}));
   EXPECT_EQ(count(painted(well_), red), 300);
 }
 
 TEST_F(PictureWellTest, ScalesAHugePictureFromASmallerOneAfterTheFirstTime) {
-  well_.setImage(plainPicture({4096, 1024}));
-  EXPECT_EQ(sizes_, (std::vector<PixelSize>{{2048, 512}}));
+  well_.setImage(plainPicture({8192, 2048}));
+  EXPECT_EQ(sizes_, (std::vector<PixelSize>{{4096, 1024}}));
   painted(well_);
   EXPECT_EQ(sizes_.back(), (PixelSize{300, 75}));
-  EXPECT_EQ(well_.accessibleDescription(), "4096 × 1024 pixels");
+  EXPECT_EQ(well_.accessibleDescription(), "8192 × 2048 pixels");
 }
 
 TEST_F(PictureWellTest, ScalesAnewOnlyForAnotherSize) {

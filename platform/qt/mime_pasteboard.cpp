@@ -28,7 +28,7 @@ std::optional<DragItem> itemOf(const QUrl& url, std::span<const ReadableClass> c
 
 }  // namespace
 
-bool MimePasteboard::carriesLocalFiles() const {
+bool MimePasteboard::carriesFileURLs() const {
   return std::ranges::any_of(data_.urls(), &QUrl::isLocalFile);
 }
 
@@ -45,7 +45,7 @@ QString MimePasteboard::pictureFormat() const {
 
 bool MimePasteboard::canReadObjects(std::span<const ReadableClass> classes,
                                     const ReadingOptions& options) {
-  if (carriesLocalFiles()) {
+  if (carriesFileURLs()) {
     return std::ranges::any_of(
         data_.urls(), [&](const QUrl& url) { return itemOf(url, classes, options).has_value(); });
   }
@@ -57,7 +57,7 @@ bool MimePasteboard::canReadObjects(std::span<const ReadableClass> classes,
 std::optional<std::vector<DragItem>> MimePasteboard::readObjects(
     std::span<const ReadableClass> classes, const ReadingOptions& options) {
   std::vector<DragItem> items;
-  if (carriesLocalFiles()) {
+  if (carriesFileURLs()) {
     for (const QUrl& url : data_.urls()) {
       if (auto item = itemOf(url, classes, options)) items.push_back(*std::move(item));
     }

@@ -8,8 +8,8 @@
 namespace tessarine {
 
 // What a drag carries, read from Qt's rendition of it. Each URL of a list that names a local file
-// is an item. Without any local file, picture bytes are one picture item; else a colour is an item;
-// else the text. A text rendition beside local files is the same items again and not looked at.
+// is an item. Without any file URL, picture bytes are one picture item; else a colour is an item;
+// else the text. Other renditions beside file URLs are the same items again and not looked at.
 class MimePasteboard final : public DraggingPasteboard {
  public:
   // Both arguments must outlive the pasteboard.
@@ -21,7 +21,7 @@ class MimePasteboard final : public DraggingPasteboard {
                                                    const ReadingOptions& options) override;
 
  private:
-  bool carriesLocalFiles() const;
+  bool carriesFileURLs() const;
   // The drag's own name for its best rendition as a picture; empty when it has none.
   QString pictureFormat() const;
 

@@ -116,6 +116,12 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"FileOfAnotherMachine",
             [](auto& d, auto&) { d.setUrls({QUrl("file://elsewhere/etc/hostname")}); },
             {}},
+        Row{"FileOfAnotherMachineWithItsPicture",
+            [](auto& d, auto&) {
+              d.setUrls({QUrl("file://elsewhere/a.png")});
+              fillBytes(d, "image/png");
+            },
+            {}},
         Row{"WebLink",
             [](auto& d, auto&) { d.setUrls({QUrl("http://example.org/a.png")}); },
             {"text http://example.org/a.png"}},

@@ -47,8 +47,10 @@ class EndToEnd(unittest.TestCase):
 
     def drag_in(self, place, target="Picture"):
         drag = Drag(place)
+        # A button that stays down would spoil the tests that follow.
+        self.addCleanup(drag.drop)
         drag.over(self.program.middle(target))
-        wait_for(self.program.framed, "the frame of the drag")
+        wait_for(lambda: drag.tremble() or self.program.framed(), "the frame of the drag")
         return drag
 
     def drop_picture(self, target="Picture"):

@@ -47,5 +47,10 @@ class Drag:
             time.sleep(0.02)
         self.place = place
 
+    def tremble(self):
+        """For a source or a target that was too busy to see how the pointer came here."""
+        x, y = self.place
+        xdotool("mousemove", x + 1, y, "mousemove", x, y)
+
     def drop(self):
         xdotool("mouseup", 1)

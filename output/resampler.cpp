@@ -34,10 +34,11 @@ constexpr double tilePixels = 2048;
 
 // Throws std::bad_alloc.
 void resample(const Bitmap& source, PixelSize size, std::span<std::uint8_t> pixels) {
-  const int halvings = SourceRows::halvings(source.size(), size);
-  Axis columns(source.size().width >> halvings, size.width);
-  Axis rows(source.size().height >> halvings, size.height);
-  SourceRows sourceRows(source, halvings, stripPixels);
+  const bool halved = SourceRows::mayBeHalved(source.size(), size);
+  const std::int64_t squareSide = halved ? 2 : 1;
+  Axis columns(source.size().width / squareSide, size.width);
+  Axis rows(source.size().height / squareSide, size.height);
+  SourceRows sourceRows(source, halved);
   const auto tileWidth =
       static_cast<std::int64_t>(std::max(1.0, tilePixels / std::max(1.0, columns.scale())));
   for (std::int64_t begin = 0; begin < size.width; begin += tileWidth) {

@@ -9,7 +9,8 @@
 // both and adds them. Rows start on a cache line and have room for whole groups of pixels.
 namespace tessarine {
 
-// Two rows as one row of pairs, of eight numbers a pixel, in an order that only `addRows` knows.
+// Two rows as one row of pairs, of eight numbers a pixel, in the order in which the processor
+// interleaves them, as `loadRowPair` does. Sums have it too, until `takeSums` undoes it.
 void pairRows(const std::int16_t* upper, const std::int16_t* lower, std::size_t pixels,
               std::int16_t* rowPair);
 

@@ -19,18 +19,18 @@ constexpr std::int64_t largeSource = std::int64_t{1} << 22;
 
 }  // namespace
 
-int SourceRows::halvings(PixelSize source, PixelSize size) noexcept {
+bool SourceRows::mayBeHalved(PixelSize source, PixelSize size) noexcept {
   const auto fits = [](std::int64_t from, std::int64_t to) {
     return from % 2 == 0 && from / 2 >= leastRatio * to;
   };
   const bool isLarge = source.width * source.height > largeSource;
-  return isLarge && fits(source.width, size.width) && fits(source.height, size.height) ? 1 : 0;
+  return isLarge && fits(source.width, size.width) && fits(source.height, size.height);
 }
 
-SourceRows::SourceRows(const Bitmap& bitmap, int halvings, std::size_t pixelsAtOnce)
-    : bitmap_(bitmap), halvings_(halvings), lastRow_((bitmap.size().height >> halvings) - 1) {
-  if (halvings == 0) return;
-  const std::size_t samples = wholeGroups(pixelsAtOnce) * samplesPerPixel;
+SourceRows::SourceRows(const Bitmap& bitmap, bool halved)
+    : bitmap_(bitmap), halved_(halved), lastRow_(bitmap.size().height / (halved ? 2 : 1) - 1) {
+  if (!halved) return;
+  const std::size_t samples = wholeGroups(stripPixels) * samplesPerPixel;
   upper_ = Scratch<std::int16_t>(samples);
   lower_ = Scratch<std::int16_t>(samples);
 }
@@ -48,7 +48,7 @@ void SourceRows::loadPair(std::int64_t pair, std::size_t x, std::size_t pixels,
                           std::int16_t* rowPair) {
   const std::int64_t upperRow = 2 * pair;
   const std::int64_t lowerRow = std::min(upperRow + 1, lastRow_);
-  if (halvings_ == 0) {
+  if (!halved_) {
     return loadRowPair(levels(upperRow, x), levels(lowerRow, x), pixels, rowPair);
   }
   loadHalved(upperRow, x, pixels, upper_.data());

@@ -8,9 +8,6 @@ namespace tessarine {
 
 namespace {
 
-// Half the width of the kernel, in pixels of the coarser side.
-constexpr double kernelRadius = 2;
-
 // Catmull-Rom: the cubic of Keys with a = -0.5.
 double kernel(double distance) {
   const double x = std::abs(distance);

@@ -10,6 +10,9 @@ namespace tessarine {
 inline constexpr int weightBits = 14;
 inline constexpr int weightSum = 1 << weightBits;
 
+// Half the width of the kernel, in pixels of the coarser side.
+inline constexpr double kernelRadius = 2;
+
 // The source pixels that one output pixel is mixed from, beginning at an even one; their count is
 // even too, so that they can be taken in pairs.
 struct Taps {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <vector>
 
 #include "output/pixel_samples.h"
@@ -27,13 +28,11 @@ struct GrowingRow {
   Scratch<std::int32_t> sums;
 };
 
-// The output rows that the rows of a batch touch, and one more.
+// The output rows that the rows of a batch touch, and the next one.
 class GrowingRows {
  public:
   GrowingRows(Axis& axis, std::size_t pixels)
-      : axis_(axis),
-        rows_(static_cast<std::size_t>(4 + 2 * batchPairs / axis.scale()) + 3,
-              {axis.maximumTaps(), pixels}) {}
+      : axis_(axis), rows_(count(axis.scale()), {axis.maximumTaps(), pixels}) {}
 
   GrowingRow& operator[](std::int64_t y) {
     return rows_[static_cast<std::size_t>(y) % rows_.size()];
@@ -47,6 +46,11 @@ class GrowingRows {
   }
 
  private:
+  // Every row that is touched has its centre in the batch or within the kernel's radius of it.
+  static std::size_t count(double scale) {
+    return static_cast<std::size_t>(std::ceil(2 * batchPairs / scale + 2 * kernelRadius)) + 1;
+  }
+
   Axis& axis_;
   std::vector<GrowingRow> rows_;
 };

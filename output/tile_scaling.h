@@ -39,7 +39,4 @@ void mixRowsFirst(SourceRows& source, const ColumnTable& columns, Axis& rows,
 void mixColumnsFirst(const Bitmap& source, const ColumnTable& columns, Axis& rows,
                      const TileRows& output);
 
-// The pixels that `mixRowsFirst` loads of a row at once.
-inline constexpr std::size_t stripPixels = 256;
-
 }  // namespace tessarine

@@ -2,8 +2,6 @@
 
 #include <QCoreApplication>
 #include <array>
-#include <tuple>
-#include <utility>
 
 #include "app/custom_drag_view.h"
 #include "app/custom_vc.h"
@@ -20,28 +18,6 @@
 namespace tessarine {
 
 namespace {
-
-// Each control of an interface description with the outlet that refers to it.
-constexpr std::tuple mainOutlets{
-    std::pair{&Ui::MainScreen::imageView, &DragView::Outlets::imageView},
-    std::pair{&Ui::MainScreen::btniOS, &DragView::Outlets::btniOS},
-    std::pair{&Ui::MainScreen::btnMacOS, &DragView::Outlets::btnMacOS},
-    std::pair{&Ui::MainScreen::btnAppleWatch, &DragView::Outlets::btnAppleWatch},
-    std::pair{&Ui::MainScreen::btnWindows10, &DragView::Outlets::btnWindows10},
-    std::pair{&Ui::MainScreen::btnCustom, &DragView::Outlets::btnCustom},
-};
-
-constexpr std::tuple customOutlets{
-    std::pair{&Ui::CustomScreen::imageView, &CustomDragView::Outlets::imageView},
-    std::pair{&Ui::CustomScreen::btnCustom, &CustomDragView::Outlets::btnCustom},
-};
-
-template <class Tuple, class Widgets, class Outlets>
-void connectAll(const Tuple& connections, Widgets& widgets, Outlets& outlets) {
-  std::apply(
-      [&](const auto&... each) { ((outlets.*each.second).connect(*(widgets.*each.first)), ...); },
-      connections);
-}
 
 // A button of the main screen, what it does, and the set that it is for.
 struct SetButton {
@@ -92,17 +68,22 @@ void connectForm(const Ui::CustomScreen& widgets, CustomForm& form) {
   }
 }
 
-QString contentsOf(const IconSet& set) {
-  return QCoreApplication::translate("MainScreen", "%1 files").arg(set.names.size());
+QString subtitleOf(const IconSet& set) {
+  return QCoreApplication::translate("MainScreen", "%1 images").arg(set.names.size());
 }
 
 }  // namespace
 
 struct Screens::Main {
   explicit Main(Platform& platform) : view(platform, prepared(*this)) {
-    connectAll(mainOutlets, widgets, view.outlets);
+    view.outlets.imageView.connect(*widgets.imageView);
+    view.outlets.btniOS.connect(*widgets.btniOS);
+    view.outlets.btnMacOS.connect(*widgets.btnMacOS);
+    view.outlets.btnAppleWatch.connect(*widgets.btnAppleWatch);
+    view.outlets.btnWindows10.connect(*widgets.btnWindows10);
+    view.outlets.btnCustom.connect(*widgets.btnCustom);
     for (const auto& [button, action, set] : setButtons) {
-      (widgets.*button)->setSubtitle(contentsOf(set));
+      (widgets.*button)->setSubtitle(subtitleOf(set));
       QObject::connect(widgets.*button, &QPushButton::clicked, screen,
                        [this, run = action] { (view.*run)(); });
     }
@@ -124,7 +105,8 @@ struct Screens::Main {
 
 struct Screens::Custom {
   explicit Custom(Platform& platform) : view(platform, prepared(*this)) {
-    connectAll(customOutlets, widgets, view.outlets);
+    view.outlets.imageView.connect(*widgets.imageView);
+    view.outlets.btnCustom.connect(*widgets.btnCustom);
     connectForm(widgets, view.outlets.form);
     QObject::connect(widgets.btnCustom, &QPushButton::clicked, screen,
                      [this] { view.btnResizeCustomImages(); });

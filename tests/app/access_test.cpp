@@ -94,7 +94,7 @@ TEST_F(ScreensTest, EveryControlInTheTreeHasANameAndARole) {
           << widget->objectName().toStdString();
     }
   }
-  EXPECT_EQ(accessible(button(main(), "btniOS")).text(QAccessible::Description), "23 files");
+  EXPECT_EQ(accessible(button(main(), "btniOS")).text(QAccessible::Description), "23 images");
 }
 
 TEST_F(ScreensTest, MnemonicsAreUniqueOnEachScreen) {

@@ -1,5 +1,6 @@
 #include "custom/form_validation.h"
 
+#include <algorithm>
 #include <span>
 #include <string>
 
@@ -23,10 +24,7 @@ bool matches(const ValidationRule& rule, const FormRow& row) {
 
 std::string messageFor(const ValidationRule& rule, std::size_t index) {
   std::string message(rule.message);
-  const auto label = message.find(laterRowLabel);
-  if (label != std::string::npos) {
-    message[label + laterRowLabel.size() - 1] = static_cast<char>('1' + index);
-  }
+  std::ranges::replace(message, rowNumber, static_cast<char>('1' + index));
   return message;
 }
 

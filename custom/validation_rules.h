@@ -24,8 +24,8 @@ struct ValidationRule {
   Outlet<TextField> FormRow::*focus;
 };
 
-// The name that stands for the row in the messages of `laterRowRules`.
-inline constexpr std::string_view laterRowLabel = "AppIcon02";
+// Stands for the row's number, 2 to 8, in the messages of `laterRowRules`.
+inline constexpr char rowNumber = '#';
 
 inline constexpr std::array firstRowRules{
     ValidationRule{Fill::empty, Fill::any, Fill::any,
@@ -39,17 +39,16 @@ inline constexpr std::array firstRowRules{
                    &FormRow::right},
 };
 
-// As for row 2; a later row's messages name it "AppIcon03" to "AppIcon08" instead.
 inline constexpr std::array laterRowRules{
     ValidationRule{
         Fill::empty, Fill::filled, Fill::empty,
-        "Please type in a name for \"AppIcon02\" and right \"1024\" text fields and try again.",
+        "Please type in a name for \"AppIcon0#\" and right \"1024\" text fields and try again.",
         &FormRow::name},
     ValidationRule{Fill::empty, Fill::empty, Fill::filled,
-                   "Please type in a name for \"AppIcon02\" and left \"1024\" text fields.",
+                   "Please type in a name for \"AppIcon0#\" and left \"1024\" text fields.",
                    &FormRow::name},
     ValidationRule{Fill::empty, Fill::filled, Fill::filled,
-                   "Please type in a name for \"AppIcon02\" text field.", &FormRow::name},
+                   "Please type in a name for \"AppIcon0#\" text field.", &FormRow::name},
     ValidationRule{Fill::filled, Fill::empty, Fill::empty,
                    "Please type in a name for left \"1024\" and right \"1024\" text field.",
                    &FormRow::left},

@@ -7,7 +7,6 @@
 #include <charconv>
 #include <limits>
 #include <memory>
-#include <optional>
 #include <system_error>
 
 #include "platform/fatal_stop.h"
@@ -18,7 +17,7 @@ namespace {
 
 // Only a broken installation of the Unicode data makes one of its operations fail.
 void requireSuccess(UErrorCode status) {
-  static_cast<void>(required(U_SUCCESS(status) ? std::optional(status) : std::nullopt));
+  require(U_SUCCESS(status));
 }
 
 // Reads UTF-8 in place, which must outlive it.

@@ -13,10 +13,9 @@ std::optional<std::size_t> Bitmap::byteCount(PixelSize size) noexcept {
   return static_cast<std::size_t>(size.width * size.height) * bytesPerPixel;
 }
 
-Bitmap::Bitmap(PixelSize size, ByteBuffer pixels)
-    : size_(
-          required(byteCount(size) == pixels.bytes().size() ? std::optional(size) : std::nullopt)),
-      pixels_(std::move(pixels)) {}
+Bitmap::Bitmap(PixelSize size, ByteBuffer pixels) : size_(size), pixels_(std::move(pixels)) {
+  require(byteCount(size_) == pixels_.bytes().size());
+}
 
 std::span<const std::uint8_t> Bitmap::row(std::int64_t y) const noexcept {
   const auto rowBytes = static_cast<std::size_t>(size_.width) * bytesPerPixel;

@@ -2,12 +2,23 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
+
 #include "platform/outlet.h"
 
 namespace tessarine {
 namespace {
 
 const auto stops = ::testing::KilledBySignal(SIGABRT);
+
+TEST(RequireDeathTest, StopsSilentlyAtAConditionThatDoesNotHold) {
+  const auto requireBoth = [] {
+    require(true);
+    std::fputs("passed", stderr);
+    require(false);
+  };
+  EXPECT_EXIT(requireBoth(), stops, "^passed$");
+}
 
 TEST(Required, IsTheValue) {
   EXPECT_EQ(required(std::optional<int>(7)), 7);

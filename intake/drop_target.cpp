@@ -28,8 +28,10 @@ DropTarget::DropTarget(Pictures& pictures, DropView& view, Outlet<ImageView>& im
 void DropTarget::awakeFromNib() {
   view_.setWantsLayer(true);
   imageView_->setWantsLayer(true);
-  if (Layer* layer = imageView_->layer()) layer->setBorderWidth(wellFrameWidth);
-  if (Layer* layer = imageView_->layer()) layer->setBorderColor(FrameColor::lightGray);
+  if (Layer* layer = imageView_->layer()) {
+    layer->setBorderWidth(wellFrameWidth);
+    layer->setBorderColor(FrameColor::lightGray);
+  }
   view_.registerForDraggedTypes(acceptedFileExtensions);
   for (Outlet<Button>* button : generationButtons_) (*button)->setEnabled(false);
 }
@@ -90,13 +92,17 @@ ReadingOptions DropTarget::pasteboardReadingOptions() {
 }
 
 void DropTarget::showDropHighlight() {
-  if (Layer* layer = view_.layer()) layer->setBorderColor(FrameColor::accent);
-  if (Layer* layer = view_.layer()) layer->setBorderWidth(highlightWidth);
+  if (Layer* layer = view_.layer()) {
+    layer->setBorderColor(FrameColor::accent);
+    layer->setBorderWidth(highlightWidth);
+  }
 }
 
 void DropTarget::hideDropHighlight() {
-  if (Layer* layer = view_.layer()) layer->setBorderColor(FrameColor::clear);
-  if (Layer* layer = view_.layer()) layer->setBorderWidth(0.0);
+  if (Layer* layer = view_.layer()) {
+    layer->setBorderColor(FrameColor::clear);
+    layer->setBorderWidth(0.0);
+  }
 }
 
 }  // namespace tessarine

@@ -19,7 +19,7 @@ MonitoredFiles::MonitoredFiles(Files& files, std::size_t total)
     : files_(files), total_(total), onTerminal_(::isatty(STDERR_FILENO) == 1) {}
 
 MonitoredFiles::~MonitoredFiles() {
-  if (onTerminal_) std::fputs(clearLine, stderr);
+  if (onTerminal_ && begun_ > 0) std::fputs(clearLine, stderr);
 }
 
 void MonitoredFiles::begin(const std::string& path) {

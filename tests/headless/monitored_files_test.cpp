@@ -14,7 +14,6 @@
 namespace tessarine::testing {
 
 using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 using ::testing::Not;
 using ::testing::StartsWith;
 
@@ -79,6 +78,13 @@ TEST(Progress, CountsEveryRowThatIsAskedFor) {
   const std::string shown = shownOnATerminal({"custom", source.picture(), source.icons(), "icon",
                                               "10", "10", "a", "10", "10", "banner", "8", "10"});
   EXPECT_EQ(shown, "\r\x1b[K1/3 icon.png\r\x1b[K");
+}
+
+TEST(Progress, LeavesATerminalAloneUntilThereIsSome) {
+  const SourcePicture source;
+  const std::string shown = shownOnATerminal({"macos", source.root() / "none", source.icons()});
+  EXPECT_THAT(shown, HasSubstr("cannot read the picture"));
+  EXPECT_THAT(shown, Not(HasSubstr("\x1b")));
 }
 
 TEST(Progress, ShowsNoControlCharactersOfAName) {

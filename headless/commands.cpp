@@ -1,10 +1,9 @@
 #include "headless/commands.h"
 
-#include <functional>
-
 #include "custom/custom_icon_generator.h"
 #include "custom/form_validation.h"
 #include "headless/argument_form.h"
+#include "headless/complaint.h"
 #include "headless/monitored_files.h"
 #include "headless/picture_intake.h"
 #include "headless/usage.h"
@@ -31,12 +30,13 @@ class Host {
   ExitStatus status() const {
     return files_.complete() ? ExitStatus::written : ExitStatus::incomplete;
   }
-  // Runs `generate` on a platform whose folder question is answered with `folder`.
-  void into(const std::string& folder, const std::function<void(Platform&)>& generate) {
+  // What `generate` answers on a platform whose folder question is answered with `folder`.
+  template <class Generate>
+  auto into(const std::string& folder, const Generate& generate) {
     FolderArgument argument(folder);
     GrantingPanel panel(argument, granted_);
     Platform platform{pictures, files_, panel, workspace_, console_, alert_};
-    generate(platform);
+    return generate(platform);
   }
 
  private:
@@ -80,15 +80,13 @@ ExitStatus run(const CutSets& command) {
 ExitStatus run(const CutCustom& command) {
   const ArgumentForm arguments(command.rows);
   Host host(command.rows.size());
-  ExitStatus status = ExitStatus::refused;
-  host.into(command.folder, [&](Platform& platform) {
-    if (!validateForm(platform, arguments.form())) return;
+  return host.into(command.folder, [&](Platform& platform) {
+    if (!validateForm(platform, arguments.form())) return ExitStatus::refused;
     const auto iconInfo = takeIn(host.pictures, command.picture, command.folder);
-    if (!iconInfo) return;
+    if (!iconInfo) return ExitStatus::refused;
     generateCustomIcons(platform, *iconInfo, arguments.form());
-    status = host.status();
+    return host.status();
   });
-  return status;
 }
 
 }  // namespace tessarine

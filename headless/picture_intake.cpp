@@ -1,10 +1,9 @@
 #include "headless/picture_intake.h"
 
-#include <cstdio>
 #include <filesystem>
 #include <system_error>
 
-#include "headless/usage.h"
+#include "headless/complaint.h"
 #include "platform/posix/confinement.h"
 #include "platform/posix/one_line.h"
 
@@ -39,10 +38,6 @@ std::optional<IconInfo> takeIn(IsolatedPictures& pictures, const std::string& pi
   }
   confineTo(folder);
   return iconInfo;
-}
-
-void complain(const std::string& reason) {
-  std::fprintf(stderr, "%s: %s\n", programName, reason.c_str());
 }
 
 }  // namespace tessarine

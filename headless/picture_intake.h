@@ -15,7 +15,4 @@ namespace tessarine {
 std::optional<IconInfo> takeIn(IsolatedPictures& pictures, const std::string& picture,
                                const std::string& folder);
 
-// Prints one line on standard error.
-void complain(const std::string& reason);
-
 }  // namespace tessarine

@@ -7,6 +7,7 @@
 #include "iconsets/macos.h"
 #include "iconsets/windows10.h"
 #include "tests/app/screens_fixture.h"
+#include "tests/support/telling_panel.h"
 
 namespace tessarine {
 namespace {
@@ -156,16 +157,8 @@ TEST_F(ScreensTest, ClosingTheWindowEndsTheProgramWell) {
 
 using ScreensDeathTest = ScreensTest;
 
-// The panel tells on standard error that it was reached; the stop itself adds nothing to that.
-struct TellingPanel final : OpenPanel {
-  OpenPanelAnswer runModal(const OpenPanelSettings&) override {
-    std::fputs("asked\n", stderr);
-    return {PanelResponse::confirmed, "/picked"};
-  }
-};
-
 TEST_F(ScreensDeathTest, ATextFileFirstAsksForTheFolderThenStopsSilently) {
-  TellingPanel panel;
+  testing::TellingPanel panel;
   Platform platform{host.pictures,         host.files,         panel, host.platform.workspace,
                     host.platform.console, host.platform.alert};
   Screens telling(platform);

@@ -12,7 +12,6 @@ namespace tessarine::testing {
 using ::testing::AllOf;
 using ::testing::Each;
 using ::testing::EndsWith;
-using ::testing::IsEmpty;
 using ::testing::SizeIs;
 using ::testing::StartsWith;
 

@@ -11,9 +11,7 @@ namespace tessarine::testing {
 using ::testing::AllOf;
 using ::testing::ElementsAre;
 using ::testing::EndsWith;
-using ::testing::HasSubstr;
 using ::testing::IsEmpty;
-using ::testing::SizeIs;
 using ::testing::StartsWith;
 
 namespace {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
@@ -20,8 +19,5 @@ Outcome runProgram(const std::vector<std::string>& arguments,
                    const std::function<void()>& prepare = {});
 
 std::vector<std::string> linesOf(const std::string& text);
-
-// The folder's entries, sorted.
-std::vector<std::string> namesIn(const std::filesystem::path& folder);
 
 }  // namespace tessarine::testing

@@ -9,7 +9,6 @@
 
 namespace tessarine::testing {
 
-using ::testing::Each;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 

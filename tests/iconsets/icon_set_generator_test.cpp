@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <map>
 
 #include "iconsets/apple_watch.h"
@@ -13,6 +12,7 @@
 #include "platform/posix/granted_files.h"
 #include "tests/support/memory_limit.h"
 #include "tests/support/recording_platform.h"
+#include "tests/support/telling_panel.h"
 #include "tests/support/temporary_folder.h"
 
 namespace tessarine {
@@ -163,17 +163,12 @@ TEST(IconSetGenerator, SkipsSilentlyAPictureWithoutABitmap) {
 TEST(IconSetGenerator, AsksTheQuestionBeforeItMissesThePicture) {
   testing::RecordingPlatform host;
   const auto run = [&host] {
-    struct Told final : OpenPanel {
-      OpenPanelAnswer runModal(const OpenPanelSettings&) override {
-        std::fputs("asked", stderr);
-        return {};
-      }
-    } told;
-    Platform platform{host.pictures,         host.files,         told, host.platform.workspace,
+    testing::TellingPanel panel;
+    Platform platform{host.pictures,         host.files,         panel, host.platform.workspace,
                       host.platform.console, host.platform.alert};
     generateIconSet(platform, IconInfo(), macOSIconSet);
   };
-  EXPECT_EXIT(run(), ::testing::KilledBySignal(SIGABRT), StrEq("asked"));
+  EXPECT_EXIT(run(), ::testing::KilledBySignal(SIGABRT), StrEq("asked\n"));
 }
 
 TEST(IconSetGeneratorDeathTest, KeepsTheFilesOfThePassesBeforeTheOneThatStops) {
@@ -192,8 +187,8 @@ TEST(IconSetGeneratorDeathTest, KeepsTheFilesOfThePassesBeforeTheOneThatStops) {
   EXPECT_EXIT(generateIconSet(platform, iconInfo, macOSIconSet), ::testing::KilledBySignal(SIGABRT),
               StrEq(""));
   std::map<std::string, std::string> written;
-  for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
-    written[entry.path().filename()] = testing::sizeInHeader(testing::contentsOf(entry.path()));
+  for (const std::string& name : testing::namesIn(folder.path())) {
+    written[name] = testing::sizeInHeader(testing::contentsOf(folder.path() / name));
   }
   EXPECT_THAT(written,
               ElementsAre(Pair("Icon-512.png", "512x512"), Pair("Icon-512@2x.png", "1024x1024")));

@@ -2,14 +2,13 @@
 
 #include <gtest/gtest.h>
 #include <libdeflate.h>
-#include <stdlib.h>
 
-#include <filesystem>
-#include <fstream>
+#include <cstdlib>
 
 #include "output/png_filters.h"
 #include "tests/output/drawn_bitmaps.h"
 #include "tests/output/png_file.h"
+#include "tests/support/temporary_folder.h"
 
 namespace tessarine {
 namespace {
@@ -100,16 +99,13 @@ TEST(PNGEncoder, ChoosesTheLevelByTheFilteredRows) {
 }
 
 TEST(PNGEncoder, IsAcceptedByPngcheck) {
-  std::string folder = ::testing::TempDir() + "png_encoder_XXXXXX";
-  ASSERT_NE(mkdtemp(folder.data()), nullptr);
+  const testing::TemporaryFolder folder;
   for (const DrawnBitmap& drawing : drawnBitmaps()) {
     const Bytes file = encoded(drawing.bitmap);
-    std::ofstream(folder + "/" + drawing.name + ".png", std::ios::binary)
-        .write(reinterpret_cast<const char*>(file.data()),
-               static_cast<std::streamsize>(file.size()));
+    testing::writeFile(folder.path() / (std::string(drawing.name) + ".png"),
+                       {reinterpret_cast<const char*>(file.data()), file.size()});
   }
-  EXPECT_EQ(std::system(("pngcheck -q '" + folder + "'/*.png >&2").c_str()), 0);
-  std::filesystem::remove_all(folder);
+  EXPECT_EQ(std::system(("pngcheck -q '" + folder.path().string() + "'/*.png >&2").c_str()), 0);
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <numeric>
 
 #include "tests/output/drawn_bitmaps.h"
+#include "tests/output/instruction_sets.h"
 
 namespace tessarine {
 namespace {
@@ -103,12 +104,6 @@ void expectLeastCosts(const Bitmap& bitmap) {
   }
 }
 
-std::vector<std::int64_t> instructionSets() {
-  std::vector<std::int64_t> sets;
-  for (std::int64_t rest = HWY_TARGETS; rest != 0; rest &= rest - 1) sets.push_back(rest & -rest);
-  return sets;
-}
-
 class PNGFiltersOn : public ::testing::TestWithParam<std::int64_t> {
  protected:
   void SetUp() override {
@@ -125,7 +120,8 @@ TEST_P(PNGFiltersOn, ChooseTheLeastCostInEveryRow) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(InstructionSets, PNGFiltersOn, ::testing::ValuesIn(instructionSets()),
+INSTANTIATE_TEST_SUITE_P(InstructionSets, PNGFiltersOn,
+                         ::testing::ValuesIn(testing::instructionSets()),
                          [](const auto& row) { return hwy::TargetName(row.param); });
 
 PNGFilter filterOfLastRow(const Bitmap& bitmap) {

@@ -7,6 +7,7 @@
 #include <tuple>
 
 #include "output/resampler.h"
+#include "tests/output/instruction_sets.h"
 #include "tests/output/resampler_reference.h"
 
 namespace tessarine {
@@ -59,12 +60,6 @@ constexpr Kind kinds[] = {
     {"Photograph", [](PixelSize) { return testing::photograph(); }},
 };
 
-std::vector<std::int64_t> instructionSets() {
-  std::vector<std::int64_t> sets;
-  for (std::int64_t rest = HWY_TARGETS; rest != 0; rest &= rest - 1) sets.push_back(rest & -rest);
-  return sets;
-}
-
 class ResamplerOn : public ::testing::TestWithParam<std::tuple<std::int64_t, Scaling>> {
  protected:
   void SetUp() override {
@@ -114,7 +109,7 @@ TEST_P(ResamplerOn, GivesTheSameBytesAsEveryOther) {
 }
 
 INSTANTIATE_TEST_SUITE_P(InstructionSets, ResamplerOn,
-                         ::testing::Combine(::testing::ValuesIn(instructionSets()),
+                         ::testing::Combine(::testing::ValuesIn(testing::instructionSets()),
                                             ::testing::ValuesIn(scalings)),
                          [](const auto& row) {
                            return std::string(hwy::TargetName(std::get<0>(row.param))) + "_" +

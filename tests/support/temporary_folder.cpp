@@ -3,6 +3,7 @@
 #include <stdlib.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <map>
@@ -33,6 +34,15 @@ std::string contentsOf(const fs::path& file) {
 void writeFile(const fs::path& file, std::string_view contents) {
   std::ofstream stream(file, std::ios::binary);
   if (!(stream << contents).flush()) throw std::runtime_error("cannot write " + file.string());
+}
+
+std::vector<std::string> namesIn(const fs::path& folder) {
+  std::vector<std::string> names;
+  for (const auto& entry : fs::directory_iterator(folder)) {
+    names.push_back(entry.path().filename());
+  }
+  std::ranges::sort(names);
+  return names;
 }
 
 std::string snapshot(const fs::path& folder, const fs::path& except) {

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tessarine::testing {
 
@@ -22,6 +23,9 @@ class TemporaryFolder {
 
 std::string contentsOf(const std::filesystem::path& file);
 void writeFile(const std::filesystem::path& file, std::string_view contents);
+
+// The folder's entries, sorted.
+std::vector<std::string> namesIn(const std::filesystem::path& folder);
 
 // Everything beneath a folder but `except`, one line an entry: kind, mode, owner, links, times and
 // contents. Equal texts mean that nothing was touched.

@@ -20,14 +20,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::vector<std::string> namesIn(const fs::path& folder) {
-  std::vector<std::string> names;
-  for (const auto& entry : fs::directory_iterator(folder)) {
-    names.push_back(entry.path().filename());
-  }
-  return names;
-}
-
 // The errors by which a file system refuses files without a name, and to give them one; 0 where it
 // does not.
 struct FileSystem {

@@ -1,6 +1,5 @@
 #include <gmock/gmock.h>
 
-#include <filesystem>
 #include <functional>
 
 #include "custom/custom_icon_generator.h"
@@ -12,21 +11,15 @@
 #include "platform/posix/granting_panel.h"
 #include "tests/support/fake_form.h"
 #include "tests/support/recording_platform.h"
+#include "tests/support/temporary_folder.h"
 
 // Every generator after a cancelled panel, with the real files: also as root, who may write to `/`.
 namespace tessarine::testing {
 namespace {
 
-namespace fs = std::filesystem;
 using ::testing::Each;
 using ::testing::SizeIs;
 using ::testing::StartsWith;
-
-std::string rootFolder() {
-  std::string names;
-  for (const auto& entry : fs::directory_iterator("/")) names += entry.path().string() + '\n';
-  return names;
-}
 
 struct Run {
   const char* name;
@@ -61,7 +54,7 @@ TEST_P(CancelledPanel, GivesOneLineAFileAndLeavesTheRootFolderAsItWas) {
   Platform platform{fake.pictures, files, panel, fake.workspace, fake.console, fake.alert};
   IconInfo iconInfo;
   iconInfo.imageData = bytesOf("picture");
-  const std::string before = rootFolder();
+  const auto before = namesIn("/");
 
   GetParam().generate(platform, iconInfo);
 
@@ -72,7 +65,7 @@ TEST_P(CancelledPanel, GivesOneLineAFileAndLeavesTheRootFolderAsItWas) {
   EXPECT_THAT(lines, SizeIs(GetParam().lines));
   EXPECT_THAT(lines, Each(StartsWith("print error saving: \"/")));
   EXPECT_EQ(recording.journal.back(), "reveal ''");
-  EXPECT_EQ(rootFolder(), before);
+  EXPECT_EQ(namesIn("/"), before);
 }
 
 INSTANTIATE_TEST_SUITE_P(Generators, CancelledPanel,

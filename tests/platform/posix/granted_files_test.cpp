@@ -11,9 +11,7 @@ namespace tessarine::testing {
 
 using ::testing::EndsWith;
 using ::testing::Eq;
-using ::testing::HasSubstr;
 using ::testing::Optional;
-using ::testing::StartsWith;
 
 namespace {
 

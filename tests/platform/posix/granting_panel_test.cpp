@@ -46,12 +46,6 @@ class GrantingPanelTest : public ::testing::Test {
   GrantingPanel panel{recording.panel, files};
 };
 
-std::string rootFolder() {
-  std::string names;
-  for (const auto& entry : fs::directory_iterator("/")) names += entry.path().string() + '\n';
-  return names;
-}
-
 }  // namespace
 
 TEST_F(GrantingPanelTest, GrantsTheFolderThatWasConfirmed) {
@@ -67,14 +61,14 @@ TEST_F(GrantingPanelTest, AsksTheQuestionAsItIsPut) {
 
 // Also as root, who may write to `/`.
 TEST_F(GrantingPanelTest, GrantsNothingWhenCancelled) {
-  const std::string before = rootFolder();
+  const auto before = namesIn("/");
   const auto printed = run({PanelResponse::cancelled, std::nullopt});
   EXPECT_THAT(printed, SizeIs(24));
   EXPECT_THAT(printed, Each(StartsWith("print error saving: \"/")));
   EXPECT_THAT(printed.front(), HasSubstr("\"/iTunesArtwork.png\""));
   EXPECT_THAT(printed.back(), HasSubstr("\"/Contents.json\""));
   EXPECT_EQ(recording.journal.back(), "reveal ''");
-  EXPECT_EQ(rootFolder(), before);
+  EXPECT_EQ(namesIn("/"), before);
 }
 
 TEST_F(GrantingPanelTest, GrantsNothingWhenCancelledWithAPathLeftBehind) {
@@ -89,11 +83,11 @@ TEST_F(GrantingPanelTest, GrantsNothingWhenConfirmedWithoutAPath) {
 TEST_F(GrantingPanelTest, ForgetsAFolderPickedBeforeACancel) {
   EXPECT_THAT(run({PanelResponse::confirmed, folder.path()}), IsEmpty());
   const std::string before = snapshot(folder.path());
-  const std::string root = rootFolder();
+  const auto root = namesIn("/");
   EXPECT_THAT(run({PanelResponse::cancelled, folder.path()}), SizeIs(24));
   EXPECT_NE(files.writeInPlace(folder.path() / "x.png", {}), std::nullopt);
   EXPECT_EQ(snapshot(folder.path()), before);
-  EXPECT_EQ(rootFolder(), root);
+  EXPECT_EQ(namesIn("/"), root);
 }
 
 }  // namespace tessarine::testing

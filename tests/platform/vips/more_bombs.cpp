@@ -152,7 +152,7 @@ std::vector<Bomb> drawingBombs() {
       {"SVGOfDoublingPatternsBehindEscapes", doublingPatterns("", R"x(fill="u\00072 l(\@)")x")},
       {"SVGOfDoublingPatternsOfStrokes", doublingPatterns(R"x(stroke="url(@)")x", "")},
       {"SVGOfDoublingPatternsInACircle",
-       doublingPatterns("", R"x(fill="url(@)" stroke="url(^)")x")},
+       doublingPatterns(R"x(mask="url(^)")x", R"x(fill="url(@)")x")},
       {"SVGWithAHugePicture",
        svg(picture("data:image/png;base64," + base64(png(30000, 30000, ""))))},
       {"SVGWithAHugePictureInTwoEntities",

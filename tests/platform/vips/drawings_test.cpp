@@ -156,11 +156,13 @@ TEST(Drawing, IsReadWithFontsThatItCarriesAndStyleSheetsOfOthers) {
 
 // A circle of addresses that none of it is drawn along.
 TEST(Drawing, IsReadWhenItLinksToItselfAndIsPaintedWithItsParts) {
-  const auto picture =
-      decode(svg(R"x(id="all" width="48" height="32" fill="url(#a)" stroke="url(#b)")x",
-                 R"(<linearGradient id="a"><stop stop-color="#f00"/></linearGradient>)"
-                 R"(<linearGradient id="b"><stop stop-color="#f00"/></linearGradient>)"
-                 R"(<a href="#all"><rect id="all" width="48" height="32"/></a>)"));
+  const auto picture = decode(
+      svg(R"x(id="all" width="48" height="32" fill="url(#a)" stroke="url(#b)")x",
+          R"(<linearGradient id="a"><stop stop-color="#f00"/></linearGradient>)"
+          R"(<linearGradient id="b"><stop stop-color="#f00"/></linearGradient>)"
+          R"x(<g clip-path="url(#c)" mask="url(#m)"><clipPath id="c"><path d="M0 0H48V32H0"/>)x"
+          R"(</clipPath><mask id="m"><path d="M0 0H48V32H0"/></mask></g>)"
+          R"(<a href="#all"><rect width="48" height="32"/></a>)"));
   ASSERT_TRUE(picture);
   EXPECT_EQ(pixelAt(required(picture->bitmap), 300, 300), (Pixel{255, 0, 0, 255}));
 }

@@ -4,7 +4,7 @@
 
 namespace tessarine::testing {
 
-// Not under the address sanitizer, which takes the address space for itself.
+// Not under the address sanitizer, which takes address space and memory for itself.
 bool memoryCanBeLimited();
 
 // Leaves this process no more than `bytes` of memory beyond what it holds, for good. For a death

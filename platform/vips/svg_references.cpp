@@ -45,8 +45,9 @@ void SVGReferences::open(std::string_view element, std::string_view id) {
   open_.push_back({node, paints_.size(), isNode});
   if (isOneOf(unpaintedElements, element)) return;
   for (const auto paint : paints_) {
+    if (++references_ >= mostReferences) return;
     // None is painted with what it is a part of.
-    if (!nodes_[paint].isOpen) refer(paint);
+    if (!nodes_[paint].isOpen) nodes_[node].children.push_back(paint);
   }
 }
 

@@ -89,5 +89,15 @@ TEST(SVGReferences, OfAMillionAreBeyondAllLimits) {
   EXPECT_GT(references.count(), never);
 }
 
+// Whether they are followed or not: they are gone through for every element inside.
+TEST(SVGReferences, OfPaintCountAmongTheMillion) {
+  SVGReferences references;
+  references.open("g", {});
+  for (int i = 0; i < 300'000; ++i) references.isPaintedWith("a");
+  references.open("marker", "a");
+  for (int i = 0; i < 3; ++i) addElement(references, "rect");
+  EXPECT_GT(references.count(), never);
+}
+
 }  // namespace
 }  // namespace tessarine

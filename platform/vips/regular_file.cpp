@@ -34,9 +34,7 @@ RegularFile::RegularFile(const std::string& path) {
     return;
   }
   // Without O_NONBLOCK, opening a pipe that nobody writes to would wait for ever.
-  do {
-    descriptor_ = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
-  } while (descriptor_ < 0 && errno == EINTR);
+  descriptor_ = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
   check();
 }
 

@@ -18,7 +18,7 @@ class Pictures {
   // The picture in encoded bytes of any readable kind. Its bitmap may be a view of `bytes`, whose
   // memory it then keeps alive.
   virtual std::optional<Picture> decode(const ByteBuffer& bytes) = 0;
-  // Only a regular file is opened; `path` is in the file system's own encoding.
+  // Only a regular file is read; `path` is in the file system's own encoding.
   virtual std::optional<Picture> decodeFile(const std::string& path) = 0;
   // The picture as an uncompressed TIFF; nothing for a picture without a bitmap.
   virtual std::optional<ByteBuffer> tiffRepresentation(const Picture& picture) = 0;

@@ -13,10 +13,10 @@ struct Confinement {
   std::vector<std::string> writable;
 };
 
-// Takes from this process, for good, every other access to files, the starting of programs, TCP,
-// and signals and abstract sockets to other processes. To be called before any thread is started;
-// files already open stay so. A kernel that lacks some of it takes the rest; false when it takes
-// nothing at all.
+// Takes from this process, for good, the opening, making and removing of all other files, the
+// starting of programs, TCP, and signals and abstract sockets to other processes. To be called
+// before any thread is started; files already open stay so. A kernel that lacks some of it takes
+// the rest; false when it takes nothing at all.
 bool confine(const Confinement& confinement);
 
 }  // namespace tessarine

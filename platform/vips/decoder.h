@@ -28,7 +28,7 @@ std::string refusalOf(const RegularFile& file);
 
 Decoded decodePicture(const RegularFile& file);
 
-// Only a regular file is opened; `path` is in the file system's own encoding.
+// Only a regular file is read; `path` is in the file system's own encoding.
 Decoded decodePictureFile(const std::string& path);
 
 }  // namespace tessarine

@@ -28,9 +28,8 @@ using Clock = std::chrono::steady_clock;
 
 constexpr std::size_t longestReason = 200;  // bytes
 
-// What the picture libraries ask the environment for; above all, where fonts are.
-constexpr std::array inheritedVariables{
-    "HOME", "LANG", "LC_ALL", "LC_CTYPE", "FONTCONFIG_FILE", "FONTCONFIG_PATH", "LD_LIBRARY_PATH"};
+// What the picture libraries ask the environment for; above all, whose fonts to take.
+constexpr std::array inheritedVariables{"HOME", "LANG", "LC_ALL", "LC_CTYPE", "LD_LIBRARY_PATH"};
 
 std::vector<std::string> inheritedEnvironment() {
   std::vector<std::string> environment;

@@ -1,19 +1,25 @@
 #pragma once
 
-#include <string>
+#include <optional>
 #include <string_view>
-#include <vector>
 
 namespace tessarine {
 
-// The addresses that a style sheet, or an attribute in the same language, names by `url()`: those
-// in its texts and comments too, so that none is missed.
-std::vector<std::string> addressesIn(std::string_view css);
+// An address that a style names by `url()`, with the property that it is for: empty where the style
+// is the value of one property alone. Both are views of the style.
+struct StyleAddress {
+  std::string_view property;
+  std::string_view address;
+};
+
+// The next address of a style, taken off it with all that stands before; nothing behind the last.
+// Styles are understood as they are plainly written: escapes and comments may hide an address.
+std::optional<StyleAddress> takeAddress(std::string_view& style);
 
 // Whether the address is that of a part of another drawing, which it carries itself.
 bool refersIntoData(std::string_view address);
 
-// Whether the style sheet may import another, which it carries itself.
-bool importsData(std::string_view css);
+// Whether the style sheet imports another, which it carries itself.
+bool importsData(std::string_view styleSheet);
 
 }  // namespace tessarine

@@ -24,8 +24,8 @@ constexpr std::int64_t maximumPixelsInside = 64'000'000;
 // The texts of one PNG inside.
 constexpr std::size_t maximumTextBytes = 65536;
 constexpr int maximumDepth = 4;
-// librsvg draws so many in about two seconds.
-constexpr std::int64_t maximumReferenced = 200'000;
+// librsvg draws so many in about ten seconds, which is as long as it is given.
+constexpr std::int64_t maximumReferenced = 500'000;
 
 struct Inspection {
   SVGReferences references;
@@ -112,16 +112,18 @@ std::string_view text(const xmlChar* begin) {
 }
 
 // What applies to an element as a whole, and not to each of those inside.
-bool isOfGroups(std::string_view attribute) {
-  return attribute == "clip-path" || attribute == "mask" || attribute == "filter";
+bool isOfGroups(std::string_view property) {
+  return property == "clip-path" || property == "mask" || property == "filter";
 }
 
-void inspectStyle(std::string_view attribute, const std::string& value, Inspection& inspection) {
-  for (const auto& address : addressesIn(value)) {
+// The value of an attribute, which may be a style of several properties.
+void inspectStyle(std::string_view attribute, std::string_view value, Inspection& inspection) {
+  while (const auto found = takeAddress(value)) {
+    const auto [property, address] = *found;
     if (refersIntoData(address)) inspection.isBearable = false;
     if (!address.starts_with('#')) continue;
-    const std::string id = address.substr(1);
-    if (isOfGroups(attribute)) {
+    const auto id = address.substr(1);
+    if (isOfGroups(property.empty() ? attribute : property)) {
       inspection.references.refersTo(id);
     } else {
       inspection.references.isPaintedWith(id);
@@ -129,9 +131,11 @@ void inspectStyle(std::string_view attribute, const std::string& value, Inspecti
   }
 }
 
-void inspectStyleSheet(const std::string& css, Inspection& inspection) {
-  inspection.isBearable = inspection.isBearable && !importsData(css) &&
-                          std::ranges::none_of(addressesIn(css), refersIntoData);
+void inspectStyleSheet(std::string_view text, Inspection& inspection) {
+  if (importsData(text)) inspection.isBearable = false;
+  while (const auto found = takeAddress(text)) {
+    if (refersIntoData(found->address)) inspection.isBearable = false;
+  }
 }
 
 void startElement(void* context, const xmlChar* name, const xmlChar*, const xmlChar*, int,

@@ -38,6 +38,20 @@ TEST(Drawing, MayCarryAPrefixInItsNames) {
   EXPECT_EQ(pixelAt(required(picture->bitmap), 5, 5), (Pixel{0, 0, 255, 255}));
 }
 
+// Its groups, as editors write them: painted, cut and blurred as a whole.
+TEST(Drawing, MayHoldManyElementsInAGroup) {
+  const std::string parts =
+      "<linearGradient id='p'><stop/></linearGradient><filter id='f'><feOffset/></filter>"
+      "<clipPath id='c'><path d='M0 0h9v9z'/></clipPath>";
+  std::string elements;
+  for (int i = 0; i < 12000; ++i) elements += "<path d='M0 0h1v1z'/>";
+  for (const auto* style : {"fill:url(#p)", "clip-path:url(#c)", "filter:url(#f)"}) {
+    EXPECT_TRUE(decode(svg("width='9' height='9'",
+                           parts + "<g style='stroke:none;" + style + "'>" + elements + "</g>")))
+        << style;
+  }
+}
+
 struct Shape {
   const char* name;
   double width, height;

@@ -65,6 +65,12 @@ std::string hugeDrawing() {
                     base64(png(30000, 30000, "")) + "\"/>"));
 }
 
+std::string repeated(std::string_view text, int times) {
+  std::string all;
+  for (int i = 0; i < times; ++i) all += text;
+  return all;
+}
+
 std::string styled(const std::string& css) {
   return svg("<style>" + css + "</style><rect width=\"9\" height=\"9\"/>");
 }
@@ -149,10 +155,11 @@ std::vector<Bomb> drawingBombs() {
       {"SVGOfDoublingUses", doubling("<g", R"(<use href="@"/>)", "</g>")},
       {"SVGOfDoublingPatterns", doublingPatterns("", R"x(style="fill: url( '@' )")x")},
       {"SVGOfDoublingPatternsInCapitals", doublingPatterns("", R"x(fill="URL(@)")x")},
-      {"SVGOfDoublingPatternsBehindEscapes", doublingPatterns("", R"x(fill="u\00072 l(\@)")x")},
       {"SVGOfDoublingPatternsOfStrokes", doublingPatterns(R"x(stroke="url(@)")x", "")},
       {"SVGOfDoublingPatternsInACircle",
        doublingPatterns(R"x(mask="url(^)")x", R"x(fill="url(@)")x")},
+      {"SVGOfOpenAddresses", svg("<rect fill=\"" + repeated("url(", 300'000) + "\"/>"), false},
+      {"SVGOfClosedAddresses", svg("<rect fill=\"" + repeated("url(#)", 300'000) + "\"/>"), false},
       {"SVGWithAHugePicture",
        svg(picture("data:image/png;base64," + base64(png(30000, 30000, ""))))},
       {"SVGWithAHugePictureInTwoEntities",
@@ -169,9 +176,8 @@ std::vector<Bomb> drawingBombs() {
       {"SVGThatUsesAPartOfData", svg("<use href=\" DA&#9;TA" + hugeDrawing().substr(4) + "#a\"/>")},
       {"SVGPaintedWithAPartOfData",
        svg("<rect width=\"9\" height=\"9\" fill=\"url(" + hugeDrawing() + "#a)\"/>")},
-      {"SVGStyledWithAPartOfData",
-       styled(R"(rect{fill:\75 RL( '\64 )" + hugeDrawing().substr(1) + "\\23 a')}")},
-      {"SVGThatImportsAStyleSheet", styled("<![CDATA[@im\\port 'da\\ta:,rect{fill:red}';]]>")},
+      {"SVGStyledWithAPartOfData", styled("rect{fill:url('" + hugeDrawing() + "#a')}")},
+      {"SVGThatImportsAStyleSheet", styled("<![CDATA[@import 'data:,rect{fill:red}';]]>")},
       {"SVGWithASheetOfTwoParts", styled("@im<g>-</g>port 'data:,rect{fill:red}';")},
       {"SVGWithAStyleSheetBeside",
        svg("", "<?xml-stylesheet href='&#100;ata:text/css,rect{fill:red}'?>")},
@@ -183,11 +189,7 @@ std::vector<Bomb> drawingBombs() {
       {"SVGWithAPictureThatWeCannotRead",
        svg(picture("data:;base64," + base64(png(0x7fffffff, 0x7fffffff, ""))))},
       {"SVGWithAPictureOfAnotherKind", svg(picture("data:image/gif;base64,R0lGODlh//////8="))},
-      {"SVGOfDeepGroups", svg([] {
-         std::string deep;
-         for (int i = 0; i < 100000; ++i) deep += "<g>";
-         return deep;
-       }())},
+      {"SVGOfDeepGroups", svg(repeated("<g>", 100'000))},
       {"SVGZOfAGigabyte", packed(svg(std::string(100'000'000, ' ')), true)},
       {"SVGZInsideSVGZ", packed(packed(svg(std::string(100'000'000, ' ')), true), true)},
       {"SVGOfEndlessSize",

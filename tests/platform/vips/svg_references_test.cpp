@@ -39,7 +39,7 @@ TEST(SVGReferences, MeanTheFirstOfTheirName) {
 
 TEST(SVGReferences, OfPaintCountForEveryElementInside) {
   SVGReferences references;
-  addElement(references, "linearGradient", "a");
+  addElement(references, "marker", "a");
   references.open("g", {});
   references.isPaintedWith("a");
   addElement(references, "rect");
@@ -59,6 +59,15 @@ TEST(SVGReferences, OfPaintDoNotCountForThePaintItself) {
   references.close();
   references.close();
   EXPECT_EQ(references.count(), 2);
+}
+
+TEST(SVGReferences, ToColoursAloneDoNotCount) {
+  SVGReferences references;
+  references.open("linearGradient", "a");
+  addElement(references, "stop");
+  references.close();
+  references.refersTo("a");
+  EXPECT_EQ(references.count(), 0);
 }
 
 TEST(SVGReferences, ToWhatIsDrawnIntoAPictureOfItsOwnCountAHundredTimes) {

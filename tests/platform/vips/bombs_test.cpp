@@ -4,9 +4,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <fstream>
 #include <string>
 
@@ -46,11 +46,11 @@ enum Verdict { refused = 10, read, tookTooMuchMemory };
   }
   std::ofstream("/proc/self/clear_refs") << 5;  // the peak starts anew
   const long before = kilobytes("VmHWM:");
-  const auto begin = std::chrono::steady_clock::now();
+  const std::clock_t begin = std::clock();
   const Decoded decoded = decode(bomb.bytes);
-  const std::chrono::duration<double, std::milli> time = std::chrono::steady_clock::now() - begin;
+  const long spent = (std::clock() - begin) * 1000 / CLOCKS_PER_SEC;
   const long grown = (kilobytes("VmHWM:") - before) / 1024;
-  std::printf("%-32s %4ld MB %6.0f ms  %s\n", bomb.name.c_str(), grown, time.count(),
+  std::printf("%-32s %4ld MB %6ld ms of the processor  %s\n", bomb.name.c_str(), grown, spent,
               decoded.picture ? "read" : decoded.refusal.c_str());
   std::fflush(stdout);
   // The address sanitizer and valgrind take memory of their own.

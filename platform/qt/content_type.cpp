@@ -7,7 +7,6 @@
 #include <QFile>
 #include <QMimeDatabase>
 #include <algorithm>
-#include <cerrno>
 
 namespace tessarine {
 
@@ -16,10 +15,7 @@ namespace {
 // Opened once, by bytes: a name need not be text, and whatever the path names by the time of the
 // opening, waiting for a pipe's other end is not part of it.
 bool openRegularFile(const std::string& path, QFile& file) {
-  int descriptor = -1;
-  do {
-    descriptor = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
-  } while (descriptor < 0 && errno == EINTR);
+  const int descriptor = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
   if (descriptor < 0) return false;
   struct stat status {};
   if (::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode) ||

@@ -6,7 +6,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <new>
 #include <span>
 #include <utility>
 
@@ -57,7 +56,7 @@ int compressionLevel(std::size_t zeros, std::size_t filteredBytes) noexcept {
   return zeros >= filteredBytes / 5 * 4 ? 6 : 5;
 }
 
-std::optional<ByteBuffer> encodePNG(const Bitmap& bitmap) try {
+std::optional<ByteBuffer> encodePNG(const Bitmap& bitmap) {
   auto filtered = MemoryBlock::allocate(filteredByteCount(bitmap.size()));
   if (!filtered) return std::nullopt;
   const std::size_t filteredBytes = filtered->bytes().size();
@@ -81,8 +80,6 @@ std::optional<ByteBuffer> encodePNG(const Bitmap& bitmap) try {
 
   const std::size_t byteCount = chunks.byteCount();
   return ByteBuffer(*std::move(file)).slice(0, byteCount);
-} catch (const std::bad_alloc&) {
-  return std::nullopt;
 }
 
 }  // namespace tessarine

@@ -1,6 +1,7 @@
 #include "platform/bytes.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <new>
 #include <utility>
 
@@ -13,6 +14,10 @@
 namespace tessarine {
 
 namespace {
+
+struct Free {
+  void operator()(std::uint8_t* memory) const noexcept { std::free(memory); }
+};
 
 // Large blocks would otherwise be given page by page of 4 kB, each by an interruption.
 void preferLargePages([[maybe_unused]] void* memory, [[maybe_unused]] std::size_t size) {
@@ -28,27 +33,21 @@ void preferLargePages([[maybe_unused]] void* memory, [[maybe_unused]] std::size_
 
 }  // namespace
 
-std::optional<MemoryBlock> MemoryBlock::allocate(std::size_t size) noexcept {
+std::optional<MemoryBlock> MemoryBlock::allocate(std::size_t size) noexcept try {
   // calloc(0) may answer with a null pointer that is no refusal.
   auto* memory = static_cast<std::uint8_t*>(std::calloc(std::max<std::size_t>(size, 1), 1));
   if (memory == nullptr) return std::nullopt;
   preferLargePages(memory, size);
-  return MemoryBlock(memory, size);
+  return MemoryBlock({memory, Free()}, size);
+} catch (const std::bad_alloc&) {
+  return std::nullopt;
 }
 
-ByteBuffer::ByteBuffer(MemoryBlock block) {
-  auto owner = std::make_shared<MemoryBlock>(std::move(block));
-  bytes_ = owner->bytes();
-  owner_ = std::move(owner);
-}
-
-std::optional<ByteBuffer> ByteBuffer::copyOf(std::span<const std::uint8_t> bytes) try {
+std::optional<ByteBuffer> ByteBuffer::copyOf(std::span<const std::uint8_t> bytes) {
   auto block = MemoryBlock::allocate(bytes.size());
   if (!block) return std::nullopt;
   std::ranges::copy(bytes, block->bytes().begin());
   return ByteBuffer(*std::move(block));
-} catch (const std::bad_alloc&) {
-  return std::nullopt;
 }
 
 }  // namespace tessarine

@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 #include <optional>
 #include <span>
@@ -11,7 +10,7 @@
 namespace tessarine {
 
 // Memory whose size a picture or a file decides, so that it may be refused without ending the
-// program. Owned by one holder; freed with it.
+// program. Owned by one holder; freed with it, unless a ByteBuffer takes it over.
 class MemoryBlock {
  public:
   // `size` zeroed bytes, or nothing when the system does not give them.
@@ -30,23 +29,21 @@ class MemoryBlock {
   std::span<const std::uint8_t> bytes() const noexcept { return {memory_.get(), size_}; }
 
  private:
-  struct Free {
-    void operator()(std::uint8_t* memory) const noexcept { std::free(memory); }
-  };
-  MemoryBlock(std::uint8_t* memory, std::size_t size) : memory_(memory), size_(size) {}
+  friend class ByteBuffer;
+  MemoryBlock(std::shared_ptr<std::uint8_t[]> memory, std::size_t size) noexcept
+      : memory_(std::move(memory)), size_(size) {}
 
-  std::unique_ptr<std::uint8_t[], Free> memory_;
+  // Shared already here, so that a buffer made of it cannot be refused.
+  std::shared_ptr<std::uint8_t[]> memory_;
   std::size_t size_;
 };
 
 // Bytes that never change and are shared: a copy refers to the same memory and keeps it alive.
-// Making one from a block throws std::bad_alloc when not even its few bytes of bookkeeping are
-// given.
 class ByteBuffer {
  public:
-  explicit ByteBuffer(MemoryBlock block);
+  explicit ByteBuffer(MemoryBlock block) noexcept : ByteBuffer(block.bytes(), block.memory_) {}
   // A view that keeps `owner`, which must hold the bytes, alive.
-  ByteBuffer(std::span<const std::uint8_t> bytes, std::shared_ptr<const void> owner)
+  ByteBuffer(std::span<const std::uint8_t> bytes, std::shared_ptr<const void> owner) noexcept
       : owner_(std::move(owner)), bytes_(bytes) {}
 
   // Nothing when memory does not suffice for the copy.

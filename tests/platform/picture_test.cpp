@@ -81,18 +81,28 @@ TEST(ByteBuffer, CopiesBytes) {
   EXPECT_EQ(ByteBuffer::copyOf({}).value().bytes().size(), 0U);
 }
 
-TEST(ByteBuffer, GivesNoCopyWhenItsBookkeepingIsRefused) {
+TEST(ByteBuffer, TakesABlockOverWithoutFurtherMemory) {
   if (testing::underValgrind()) GTEST_SKIP() << "valgrind has a `new` of its own";
-  const std::vector<std::uint8_t> bytes{1, 2, 3};
-  const auto copy = [&] {
+  auto block = MemoryBlock::allocate(3).value();
+  const ByteBuffer buffer = [&] {
     const testing::RefusedNew refused;
-    return ByteBuffer::copyOf(bytes);
+    return ByteBuffer(std::move(block));
   }();
-  EXPECT_FALSE(copy.has_value());
+  EXPECT_EQ(buffer.bytes().size(), 3U);
+  EXPECT_TRUE(block.bytes().empty());
 }
 
 TEST(MemoryBlock, IsRefusedRatherThanAborting) {
   EXPECT_FALSE(MemoryBlock::allocate(std::numeric_limits<std::size_t>::max() / 2).has_value());
+}
+
+TEST(MemoryBlock, IsRefusedWhenItsBookkeepingIs) {
+  if (testing::underValgrind()) GTEST_SKIP() << "valgrind has a `new` of its own";
+  const auto block = [] {
+    const testing::RefusedNew refused;
+    return MemoryBlock::allocate(3);
+  }();
+  EXPECT_FALSE(block.has_value());
 }
 
 TEST(MemoryBlock, IsEmptyOnceItHasBeenMovedFrom) {

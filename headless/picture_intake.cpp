@@ -11,15 +11,23 @@ namespace tessarine {
 
 namespace {
 
+// Whether the address sanitizer looks for leaks at the end, for which it reads of this process.
+constexpr bool seeksLeaks() {
+#if defined(__SANITIZE_ADDRESS__)
+  return true;
+#elif defined(__has_feature)
+  return __has_feature(address_sanitizer);
+#else
+  return false;
+#endif
+}
+
 void confineTo(const std::string& folder) {
   // Where it cannot be created, every write tells so.
   std::error_code ignored;
   std::filesystem::create_directories(folder, ignored);
   Confinement confinement{{}, {folder}};
-#ifdef __SANITIZE_ADDRESS__
-  // Where its search for leaks, at the end, reads of this process.
-  confinement.readable.push_back("/proc/self");
-#endif
+  if (seeksLeaks()) confinement.readable.emplace_back("/proc/self");
   // Older kernels have none, and the writing is contained without it.
   static_cast<void>(confine(confinement));
 }

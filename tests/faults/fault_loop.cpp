@@ -37,14 +37,18 @@ class FaultLoop {
 
   Tally run() {
     for (const FaultKind& kind : errorKinds) {
+      const int runs = tally_.runs;
       for (const bool onward : {false, true}) {
         for (Fault fault{kind, firstCall(kind), onward}; disturbBy(fault); ++fault.at) {
         }
       }
+      expectSome(kind, tally_.runs - runs);
     }
     for (const FaultKind& kind : killKinds) {
+      const int kills = tally_.kills;
       for (Fault fault{kind, firstCall(kind)}; killBy(fault); ++fault.at) {
       }
+      expectSome(kind, tally_.kills - kills);
     }
     if (scenario_.unnamedFiles && tally_.leftovers > mostLeftovers) {
       tally_.failures.push_back(scenario_.name + ": temporary files left by too many kills");
@@ -74,19 +78,24 @@ class FaultLoop {
     return runWithFault(arguments, fault, scenario_.unnamedFiles);
   }
 
+  void expectSome(const FaultKind& kind, int disturbed) {
+    if (disturbed == 0) {
+      tally_.failures.push_back(scenario_.name + ", " + kind.name + ": no call was disturbed");
+    }
+  }
+
   void note(const Fault& fault, const std::string& failure) {
     if (!failure.empty()) {
       tally_.failures.push_back(scenario_.name + ", " + fault.label() + ": " + failure);
     }
   }
 
-  // Whether there was a call left to disturb.
+  // Whether there was such a call, be it one that the kind leaves alone.
   bool disturbBy(const Fault& fault) {
     const FaultedRun run = runIn("icons", fault);
     note(fault, faultIn(run, fault, expected_, source_.root() / "icons"));
-    if (run.disturbed <= 0) return false;
-    ++tally_.runs;
-    return true;
+    if (run.disturbed > 0) ++tally_.runs;
+    return run.met >= fault.at;
   }
 
   bool killBy(const Fault& fault) {

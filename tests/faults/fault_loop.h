@@ -30,7 +30,7 @@ struct Tally {
   std::vector<std::string> failures;
 };
 
-// Disturbs every call in turn, moving on until a run meets no call to disturb: by every kind of
+// Disturbs every call in turn, moving on until a run makes no further call: by every kind of
 // error, once and from there on; and by every kind of kill, followed by a second run.
 Tally disturb(const Scenario& scenario);
 

@@ -2,7 +2,7 @@
 // asked for fail, fall short or be its last. Told by the environment:
 //   FAULT_KIND    an error's number, "short" (half of a write), "kill" (before the call) or "tear"
 //                 (after half of a write); nothing is done without it
-//   FAULT_AT      the number of the call, from 1 on, among those that the kind applies to
+//   FAULT_AT      the number of the call, from 1 on; of the writes alone for "short" and "tear"
 //   FAULT_ONWARD  every call from there on, when set
 //   FAULT_NAMED   files without a name are refused, when set, as by a lesser file system
 //   FAULT_REPORT  the file for the number of calls met and of those that were disturbed
@@ -69,9 +69,11 @@ bool fails() {
   return true;
 }
 
-// The same, for a call that no signal interrupts.
+// The same, for a call that no signal interrupts: it is numbered all the same.
 bool failsUninterrupted() {
-  return std::atoi(kind.data()) != EINTR && fails();
+  if (std::atoi(kind.data()) != EINTR) return fails();
+  ++met;
+  return false;
 }
 
 int noted(int descriptor, int flags) {

@@ -18,6 +18,7 @@
 #include "tests/platform/isolation/watched_decoder.h"
 #include "tests/support/in_child.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/under_valgrind.h"
 
 namespace tessarine::testing {
 
@@ -64,11 +65,12 @@ class IsolatedPicturesTest : public ::testing::Test {
 }  // namespace
 
 TEST_F(IsolatedPicturesTest, AreReadWhileSignalsArrive) {
+  if (testing::underValgrind()) GTEST_SKIP() << "valgrind is slower than the signals";
   EXPECT_EQ(inChild([&] {
               struct sigaction action {};
               action.sa_handler = [](int) {};
               ::sigaction(SIGALRM, &action, nullptr);
-              const itimerval often{{0, 1000}, {0, 1000}};
+              const itimerval often{{0, 10000}, {0, 10000}};
               ::setitimer(ITIMER_REAL, &often, nullptr);
               const auto picture = pictures.decodeFile(samples / "drawing.svg");
               return std::string(picture && picture->bitmap ? "read" : "refused");

@@ -3,6 +3,7 @@
 #include <glib.h>
 
 #include <algorithm>
+#include <iterator>
 #include <string>
 
 namespace tessarine {
@@ -30,14 +31,12 @@ std::string_view propertyAtTheEndOf(std::string_view text) {
                                          : withoutBlanks(text.substr(0, colon));
 }
 
-// As the library reads it: in any case, and whatever blanks there are.
-bool isCarried(std::string_view address) {
+// As the library reads an address, whatever blanks there are in it.
+std::string withoutAnyBlank(std::string_view text) {
   std::string letters;
-  for (const char letter : address) {
-    if (letter < '\0' || letter > ' ') letters.push_back(g_ascii_tolower(letter));
-    if (letters.size() == carried.size()) break;
-  }
-  return letters == carried;
+  std::ranges::copy_if(text, std::back_inserter(letters),
+                       [](char letter) { return letter < '\0' || letter > ' '; });
+  return letters;
 }
 
 }  // namespace
@@ -58,7 +57,9 @@ std::optional<StyleAddress> takeAddress(std::string_view& style) {
 }
 
 bool refersIntoData(std::string_view address) {
-  return isCarried(address) && address.find('#') != std::string_view::npos;
+  if (address.find('#') == std::string_view::npos) return false;
+  const std::string letters = withoutAnyBlank(address);
+  return findInAnyCase(letters, carried) == std::string_view(letters).begin();
 }
 
 bool importsData(std::string_view styleSheet) {
@@ -68,7 +69,8 @@ bool importsData(std::string_view styleSheet) {
     if (found == styleSheet.end()) return false;
     styleSheet = {found, styleSheet.end()};
     const auto import = styleSheet.substr(0, styleSheet.find(';'));
-    if (findInAnyCase(import, carried) != import.end()) return true;
+    const std::string letters = withoutAnyBlank(import);
+    if (findInAnyCase(letters, carried) != std::string_view(letters).end()) return true;
     styleSheet.remove_prefix(import.size());
   }
 }

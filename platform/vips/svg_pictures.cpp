@@ -24,7 +24,7 @@ constexpr std::int64_t maximumPixelsInside = 64'000'000;
 // The texts of one PNG inside.
 constexpr std::size_t maximumTextBytes = 65536;
 constexpr int maximumDepth = 4;
-// librsvg draws so many in about ten seconds, which is as long as it is given.
+// librsvg draws so many of the smallest in about ten seconds, which is as long as it is given.
 constexpr std::int64_t maximumReferenced = 500'000;
 
 struct Inspection {
@@ -118,12 +118,13 @@ bool isOfGroups(std::string_view property) {
 
 // The value of an attribute, which may be a style of several properties.
 void inspectStyle(std::string_view attribute, std::string_view value, Inspection& inspection) {
+  std::string_view property = attribute;
   while (const auto found = takeAddress(value)) {
-    const auto [property, address] = *found;
-    if (refersIntoData(address)) inspection.isBearable = false;
-    if (!address.starts_with('#')) continue;
-    const auto id = address.substr(1);
-    if (isOfGroups(property.empty() ? attribute : property)) {
+    if (!found->property.empty()) property = found->property;
+    if (refersIntoData(found->address)) inspection.isBearable = false;
+    if (!found->address.starts_with('#')) continue;
+    const auto id = found->address.substr(1);
+    if (isOfGroups(property)) {
       inspection.references.refersTo(id);
     } else {
       inspection.references.isPaintedWith(id);

@@ -12,9 +12,9 @@ namespace {
 constexpr std::array<std::string_view, 3> costlyElements{"pattern", "mask", "filter"};
 constexpr std::int64_t costlyWeight = 100;
 
-// What is made of colours alone is neither drawn nor painted itself.
-constexpr std::array<std::string_view, 3> undrawnElements{"linearGradient", "radialGradient",
-                                                          "stop"};
+// What is made of colours alone is not painted itself.
+constexpr std::array<std::string_view, 3> unpaintedElements{"linearGradient", "radialGradient",
+                                                            "stop"};
 
 constexpr std::int64_t beyondAllLimits = std::int64_t{1} << 40;
 // More are not even kept.
@@ -22,11 +22,6 @@ constexpr std::int64_t mostReferences = 1'000'000;
 
 bool isOneOf(std::span<const std::string_view> names, std::string_view name) {
   return std::ranges::find(names, name) != names.end();
-}
-
-std::int64_t weightOf(std::string_view element) {
-  if (isOneOf(undrawnElements, element)) return 0;
-  return isOneOf(costlyElements, element) ? costlyWeight : 1;
 }
 
 }  // namespace
@@ -44,11 +39,11 @@ void SVGReferences::open(std::string_view element, std::string_view id) {
     nodes_[parent].children.push_back(node);
     nodes_[node].isDefined = nodes_[node].isOpen = true;
   }
-  const std::int64_t weight = weightOf(element);
+  const std::int64_t weight = isOneOf(costlyElements, element) ? costlyWeight : 1;
   nodes_[node].own += weight;
   elements_ += weight;
   open_.push_back({node, paints_.size(), isNode});
-  if (weight == 0) return;
+  if (isOneOf(unpaintedElements, element)) return;
   for (const auto paint : paints_) {
     if (++references_ >= mostReferences) return;
     // None is painted with what it is a part of.

@@ -38,17 +38,19 @@ TEST(Drawing, MayCarryAPrefixInItsNames) {
   EXPECT_EQ(pixelAt(required(picture->bitmap), 5, 5), (Pixel{0, 0, 255, 255}));
 }
 
-// Its groups, as editors write them: painted, cut and blurred as a whole.
+// Cut, masked and blurred as a whole, in both ways that editors write it.
 TEST(Drawing, MayHoldManyElementsInAGroup) {
-  const std::string parts =
-      "<linearGradient id='p'><stop/></linearGradient><filter id='f'><feOffset/></filter>"
-      "<clipPath id='c'><path d='M0 0h9v9z'/></clipPath>";
+  std::string parts = "<filter id='f'><feOffset/></filter><mask id='m'/><clipPath id='c'>";
+  for (int i = 0; i < 60; ++i) parts += "<path d='M0 0h9v9z'/>";
+  parts += "</clipPath>";
   std::string elements;
   for (int i = 0; i < 12000; ++i) elements += "<path d='M0 0h1v1z'/>";
-  for (const auto* style : {"fill:url(#p)", "clip-path:url(#c)", "filter:url(#f)"}) {
-    EXPECT_TRUE(decode(svg("width='9' height='9'",
-                           parts + "<g style='stroke:none;" + style + "'>" + elements + "</g>")))
-        << style;
+  for (const auto* attribute :
+       {"clip-path='url(#c)'", "mask='url(#m)'", "filter='url(#f)'",
+        "style='stroke:none;clip-path:url(#c);mask:url(#m);filter:url(#f) url(#f)'"}) {
+    EXPECT_TRUE(
+        decode(svg("width='9' height='9'", parts + "<g " + attribute + ">" + elements + "</g>")))
+        << attribute;
   }
 }
 

@@ -178,6 +178,10 @@ std::vector<Bomb> drawingBombs() {
        svg("<rect width=\"9\" height=\"9\" fill=\"url(" + hugeDrawing() + "#a)\"/>")},
       {"SVGStyledWithAPartOfData", styled("rect{fill:url('" + hugeDrawing() + "#a')}")},
       {"SVGThatImportsAStyleSheet", styled("<![CDATA[@import 'data:,rect{fill:red}';]]>")},
+      {"SVGThatImportsAfterATab", styled("@import 'da&#9;ta:,rect{fill:red}';")},
+      {"SVGPaintedWithManyStops",
+       svg("<linearGradient id='a'>" + repeated("<stop/>", 3000) + "</linearGradient>" +
+           "<g fill='url(#a)'>" + repeated("<path d='M0 0h9v9z'/>", 2000) + "</g>")},
       {"SVGWithASheetOfTwoParts", styled("@im<g>-</g>port 'data:,rect{fill:red}';")},
       {"SVGWithAStyleSheetBeside",
        svg("", "<?xml-stylesheet href='&#100;ata:text/css,rect{fill:red}'?>")},

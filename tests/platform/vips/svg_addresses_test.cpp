@@ -31,6 +31,8 @@ TEST(SVGAddresses, AreReadWithTheirProperties) {
               ElementsAre(StyleAddress{"fill", "#a"}, StyleAddress{"mask", "#b"}));
   EXPECT_THAT(addressesIn("a{fill:url(#a)} b{mask:url(#b)}"),
               ElementsAre(StyleAddress{"fill", "#a"}, StyleAddress{"mask", "#b"}));
+  EXPECT_THAT(addressesIn("filter:url(#a) url(#b)"),
+              ElementsAre(StyleAddress{"filter", "#a"}, StyleAddress{"", "#b"}));
   EXPECT_THAT(addressesIn("rotate(9)"), IsEmpty());
 }
 
@@ -45,12 +47,14 @@ TEST(SVGAddresses, OfPartsOfDataAreTold) {
   EXPECT_TRUE(refersIntoData(" Da\tta:,x#a"));
   EXPECT_FALSE(refersIntoData("data:font/woff;base64,d09GRg=="));
   EXPECT_FALSE(refersIntoData("#data:a"));
+  EXPECT_FALSE(refersIntoData("a#data:"));
   EXPECT_FALSE(refersIntoData(""));
 }
 
 TEST(SVGAddresses, OfStyleSheetsInDataAreTold) {
   EXPECT_TRUE(importsData("@import 'data:,a'"));
   EXPECT_TRUE(importsData("@import 'a.css'; @IMPORT url(DATA:,a);"));
+  EXPECT_TRUE(importsData("@import 'da\tta:,a'"));
   EXPECT_FALSE(importsData("@import 'a.css'; @font-face{src:url(data:,a)}"));
   EXPECT_FALSE(importsData("@font-face{src:url(data:,a)}"));
 }

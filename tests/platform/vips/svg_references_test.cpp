@@ -61,15 +61,6 @@ TEST(SVGReferences, OfPaintDoNotCountForThePaintItself) {
   EXPECT_EQ(references.count(), 2);
 }
 
-TEST(SVGReferences, ToColoursAloneDoNotCount) {
-  SVGReferences references;
-  references.open("linearGradient", "a");
-  addElement(references, "stop");
-  references.close();
-  references.refersTo("a");
-  EXPECT_EQ(references.count(), 0);
-}
-
 TEST(SVGReferences, ToWhatIsDrawnIntoAPictureOfItsOwnCountAHundredTimes) {
   for (const auto* element : {"pattern", "mask", "filter"}) {
     SVGReferences references;

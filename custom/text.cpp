@@ -17,7 +17,7 @@ namespace {
 
 // Only a broken installation of the Unicode data makes one of its operations fail.
 void requireSuccess(UErrorCode status) {
-  require(U_SUCCESS(status));
+  require(U_SUCCESS(status) != 0);
 }
 
 // Reads UTF-8 in place, which must outlive it.
